@@ -1,0 +1,102 @@
+#include "App/AppContext.h"
+
+#include "Platform/EventKit/CalendarDatabase.h"
+#include "Platform/EventKit/Folders/FoldersBackend.h"
+#include "Platform/Foundation/Translations.h"
+
+#include <QCommandLineParser>
+#include <QDateTime>
+
+#include <stdexcept>
+
+namespace mintaro {
+
+namespace {
+
+std::unique_ptr<const Clock> makeClock(const std::optional<Date> &now)
+{
+    if (now)
+        return std::make_unique<FixedClock>(*now);
+    return std::make_unique<SystemClock>();
+}
+
+template <typename T>
+T required(const std::optional<T> &value, const char *option, const QString &text)
+{
+    if (!value)
+        throw std::runtime_error(std::string("--") + option + ": cannot make sense of \"" + text.toStdString() + '"');
+    return *value;
+}
+
+} // namespace
+
+std::optional<Date> dateFromIso8601(const QString &text, const TimeZone &timeZone)
+{
+    QDateTime reading = QDateTime::fromString(text, Qt::ISODateWithMs);
+    for (const char *form : { "yyyyMMdd'T'HHmmss'Z'", "yyyyMMdd'T'HHmmss", "yyyyMMdd" }) {
+        if (reading.isValid())
+            break;
+        reading = QDateTime::fromString(text, QLatin1String(form));
+        if (QLatin1String(form).endsWith(QLatin1String("'Z'")))
+            reading.setTimeSpec(Qt::UTC);
+    }
+    if (!reading.isValid())
+        return std::nullopt;
+    if (reading.timeSpec() != Qt::LocalTime)
+        return Date { std::chrono::milliseconds { reading.toMSecsSinceEpoch() } };
+    // As a local time of Qt it would be read in the system's zone.
+    reading.setTimeSpec(Qt::UTC);
+    return timeZone.toInstant(LocalTime { std::chrono::seconds { reading.toSecsSinceEpoch() } });
+}
+
+void ContextOptions::addTo(QCommandLineParser &parser)
+{
+    parser.addOptions({
+        { QStringLiteral("store"), QStringLiteral("Use the calendars in this root folder."), QStringLiteral("folder") },
+        { QStringLiteral("now"), QStringLiteral("Let the clock stand still at this moment (ISO 8601)."),
+            QStringLiteral("moment") },
+        { QStringLiteral("time-zone"), QStringLiteral("Use this time zone (an IANA name)."), QStringLiteral("name") },
+        { QStringLiteral("locale"), QStringLiteral("Use this language and region, as in it_IT."),
+            QStringLiteral("name") },
+    });
+}
+
+ContextOptions ContextOptions::from(const QCommandLineParser &parser)
+{
+    const auto value = [&](const char *option) {
+        const QString name = QLatin1String(option);
+        return parser.isSet(name) ? std::optional(parser.value(name)) : std::nullopt;
+    };
+    ContextOptions options;
+    options.store = value("store");
+    if (const auto name = value("time-zone"))
+        options.timeZone = required(TimeZone::named(*name), "time-zone", *name);
+    if (const auto name = value("locale"))
+        options.locale = Locale::fromIdentifier(*name);
+    if (const auto text = value("now"))
+        options.now = required(
+            dateFromIso8601(*text, options.timeZone ? *options.timeZone : TimeZone::system()), "now", *text);
+    return options;
+}
+
+AppContext::AppContext(const ContextOptions &options)
+    : m_clock(makeClock(options.now))
+    , m_defaults(options.preferences.value_or(UserDefaults::standardFile()))
+    , m_environment(*m_clock,
+          options.locale.value_or(Locale::current(m_defaults.stringArrayForKey(QStringLiteral("AppleLanguages")))),
+          options.timeZone ? *options.timeZone : TimeZone::system())
+    , m_texts(installTranslations(m_environment.locale()))
+    , m_database(std::make_shared<CalendarDatabase>(
+          std::make_unique<FoldersBackend>(BaseFolders::fromEnvironment(), options.store), m_environment,
+          m_notifications))
+{
+}
+
+AppContext::~AppContext() = default;
+
+AppState::Dependencies AppContext::dependencies(Workspace &workspace)
+{
+    return { m_database, m_notifications, m_defaults, m_environment, workspace };
+}
+
+} // namespace mintaro

@@ -1,0 +1,60 @@
+#pragma once
+
+#include "App/AppState.h"
+#include "Platform/Foundation/Clock.h"
+#include "Platform/Foundation/Environment.h"
+#include "Platform/Foundation/NotificationCenter.h"
+#include "Platform/Foundation/UserDefaults.h"
+
+#include <QTranslator>
+
+class QCommandLineParser;
+
+namespace mintaro {
+
+/// What a user may overrule for one run, by options that every program of ours takes.
+struct ContextOptions
+{
+    /// A root folder of calendars, in place of the configured ones.
+    std::optional<QString> store;
+    /// Where the clock stands still.
+    std::optional<Date> now;
+    std::optional<TimeZone> timeZone;
+    std::optional<Locale> locale;
+    /// A file of preferences, in place of the user's; no option sets it.
+    std::optional<QString> preferences;
+
+    /// Adds --store, --now, --time-zone and --locale.
+    static void addTo(QCommandLineParser &parser);
+    /// Throws std::runtime_error with a text for people where a value makes no sense.
+    [[nodiscard]] static ContextOptions from(const QCommandLineParser &parser);
+};
+
+/// All that stands under AppState, in the order in which it is built: an entry makes one and keeps it as long as the
+/// process. Needs a QCoreApplication.
+class AppContext
+{
+public:
+    explicit AppContext(const ContextOptions &options);
+    ~AppContext();
+
+    [[nodiscard]] Environment &environment() { return m_environment; }
+    [[nodiscard]] UserDefaults &defaults() { return m_defaults; }
+    [[nodiscard]] const std::shared_ptr<CalendarDatabase> &database() const { return m_database; }
+    /// `workspace` must outlive the result.
+    [[nodiscard]] AppState::Dependencies dependencies(Workspace &workspace);
+
+private:
+    std::unique_ptr<const Clock> m_clock;
+    UserDefaults m_defaults;
+    Environment m_environment;
+    std::unique_ptr<QTranslator> m_texts;
+    NotificationCenter m_notifications;
+    std::shared_ptr<CalendarDatabase> m_database;
+};
+
+/// The moment of an ISO 8601 text: with an offset or Z as it says, otherwise as a reading in `timeZone`; the basic form
+/// 20270131T230000Z and a bare date are taken too. Empty for any other text.
+[[nodiscard]] std::optional<Date> dateFromIso8601(const QString &text, const TimeZone &timeZone);
+
+} // namespace mintaro

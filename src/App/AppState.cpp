@@ -1,0 +1,219 @@
+#include "App/AppState.h"
+
+#include "Extensions/DateHelpers.h"
+#include "Platform/EventKit/StoreBackend.h"
+
+#include <QPointer>
+
+namespace mintaro {
+
+namespace {
+
+constexpr int kDaysAroundMonth = 7;
+constexpr int kDaysForLabel = 7;
+
+} // namespace
+
+AppState::AppState(const Dependencies &dependencies)
+    : m_environment(dependencies.environment)
+    , m_defaults(dependencies.defaults)
+    , m_workspace(dependencies.workspace)
+    , m_selectedDate(m_environment.now())
+    , m_monthDate(m_environment.now())
+    , m_today(m_environment.now())
+    , m_logger(QStringLiteral("AppState"))
+    , m_meetingOpener(dependencies.workspace)
+    , m_eventStore(EKEventStore(dependencies.database), MeetingURLDetector(), dependencies.notifications)
+    , m_reminderService(EKEventStore(dependencies.database))
+    , m_calendarVM(m_environment)
+    , m_eventsVM(m_eventStore, m_environment)
+    , m_upcomingVM(m_eventStore, m_environment)
+    , m_remindersVM(m_reminderService, m_environment)
+{
+    connect(&m_environment, &Environment::significantTimeChange, this, [this] {
+        followToday();
+        Q_EMIT significantTimeChange();
+    });
+    connect(&m_defaults, &UserDefaults::changed, this, &AppState::onPreferenceChanged);
+}
+
+AppState::~AppState() = default;
+
+void AppState::setSelectedDate(Date date)
+{
+    if (std::exchange(m_selectedDate, date) != date)
+        Q_EMIT selectedDateChanged();
+}
+
+void AppState::setMonthDate(Date date)
+{
+    if (std::exchange(m_monthDate, date) != date)
+        Q_EMIT monthDateChanged();
+}
+
+QSet<QString> AppState::selection(const QString &key) const
+{
+    const QStringList identifiers = m_defaults.stringArrayForKey(key);
+    return QSet<QString>(identifiers.begin(), identifiers.end());
+}
+
+QCoro::Task<> AppState::requestAccessAndLoad()
+{
+    const QPointer<AppState> self(this);
+    co_await loadEventsOnceGranted();
+    if (self)
+        co_await loadRemindersOnceGranted();
+}
+
+QCoro::Task<> AppState::loadEventsOnceGranted()
+{
+    const QPointer<AppState> self(this);
+    try {
+        const bool granted = co_await m_eventStore.requestAccess();
+        if (!self)
+            co_return;
+        if (std::exchange(m_hasCalendarAccess, granted) != granted)
+            Q_EMIT hasCalendarAccessChanged();
+    } catch (const EKError &error) {
+        if (!self)
+            co_return;
+        m_logger.error(QStringLiteral("Failed to request calendar access: %1").arg(QString::fromUtf8(error.what())));
+    }
+    if (m_hasCalendarAccess)
+        co_await refreshAll();
+}
+
+QCoro::Task<> AppState::loadRemindersOnceGranted()
+{
+    const QPointer<AppState> self(this);
+    try {
+        const bool granted = co_await m_reminderService.requestAccess();
+        if (!self || !granted)
+            co_return;
+    } catch (const EKError &error) {
+        if (self)
+            m_logger.error(
+                QStringLiteral("Failed to request reminders access: %1").arg(QString::fromUtf8(error.what())));
+        co_return;
+    }
+    co_await m_remindersVM.fetchReminders(selection(QStringLiteral("SelectedReminderLists")));
+}
+
+QCoro::Task<> AppState::refreshAll()
+{
+    const QPointer<AppState> self(this);
+    const Calendar calendar = m_environment.calendar();
+    const auto shifted = [&](Date date, int days) {
+        return calendar.dateByAdding(Calendar::Component::Day, days, date).value_or(date);
+    };
+    const Date start = shifted(startOfMonth(m_monthDate, calendar), -kDaysAroundMonth);
+    const Date end = shifted(endOfMonth(m_monthDate, calendar), kDaysAroundMonth);
+
+    co_await m_eventsVM.fetchEvents(start, end, selection(QStringLiteral("SelectedCalendars")), HidePastEvents::No);
+    if (!self)
+        co_return;
+    generateMonth();
+    co_await m_remindersVM.fetchReminders(selection(QStringLiteral("SelectedReminderLists")));
+    if (!self)
+        co_return;
+    co_await fetchUpcoming(start, end);
+    if (!self)
+        co_return;
+    updateNextEvent();
+}
+
+QCoro::Task<> AppState::fetchUpcoming(Date fetchedFrom, Date fetchedTo)
+{
+    const Date now = m_environment.now();
+    const Date end = m_environment.calendar().dateByAdding(Calendar::Component::Day, kDaysForLabel, now).value_or(now);
+    if (fetchedFrom <= now && end <= fetchedTo) {
+        m_upcomingVM.clear();
+        co_return;
+    }
+    co_await m_upcomingVM.fetchEvents(now, end, selection(QStringLiteral("SelectedCalendars")), HidePastEvents::No);
+}
+
+QCoro::Task<> AppState::watchStoreChanges()
+{
+    if (std::exchange(m_isWatchingStoreChanges, true))
+        co_return;
+    const QPointer<AppState> self(this);
+    auto changes = m_eventStore.storeChanges();
+    // The stream ends while this object goes, so nothing of it may be touched after an absent element.
+    while (co_await changes.next()) {
+        m_logger.debug(QStringLiteral("EventKit store changed, refreshing..."));
+        co_await refreshAll();
+        if (!self)
+            co_return;
+    }
+}
+
+void AppState::navigateMonth(int delta)
+{
+    if (const auto month = m_environment.calendar().dateByAdding(Calendar::Component::Month, delta, m_monthDate))
+        setMonthDate(*month);
+}
+
+void AppState::selectDay(Date date)
+{
+    setSelectedDate(date);
+    generateMonth();
+}
+
+void AppState::showToday()
+{
+    setMonthDate(m_environment.now());
+    setSelectedDate(m_environment.now());
+}
+
+void AppState::generateMonth()
+{
+    m_calendarVM.generateMonth(m_monthDate, m_selectedDate, m_eventsVM.eventColorsByDay(),
+        weekStartsOnMonday() ? WeekStart::Monday : WeekStart::Sunday);
+}
+
+void AppState::setPopoverVisible(bool isVisible)
+{
+    m_isPopoverVisible = isVisible;
+    followToday();
+}
+
+void AppState::followToday()
+{
+    if (m_isPopoverVisible)
+        return;
+    const Calendar calendar = m_environment.calendar();
+    const Date now = m_environment.now();
+    const Date before = std::exchange(m_today, now);
+    if (calendar.isDateInSameDay(before, now))
+        return;
+    if (calendar.isDateInSameDay(m_selectedDate, before))
+        setSelectedDate(now);
+    if (startOfMonth(m_monthDate, calendar) == startOfMonth(before, calendar))
+        setMonthDate(now);
+}
+
+void AppState::onPreferenceChanged(const QString &key)
+{
+    static const QSet<QString> filters { QStringLiteral("SelectedCalendars"), QStringLiteral("SelectedReminderLists"),
+        QStringLiteral("WeekStartsOnMonday") };
+    // These shape what is fetched and generated; all others are read when they are needed.
+    if (filters.contains(key) && m_hasCalendarAccess)
+        refreshAll();
+    if (key == QLatin1String("CountdownFormat"))
+        updateCountdown();
+}
+
+void AppState::openMeeting(const MeetingInfo &meeting)
+{
+    QCoro::connect(m_meetingOpener.open(meeting), this, [] { });
+}
+
+void AppState::openPrivacySettings()
+{
+    static const QString url = QStringLiteral("x-apple.systempreferences:com.apple.preference.security?Privacy_Calendars");
+    if (const auto privacy = URL::fromString(url))
+        m_workspace.open(*privacy);
+}
+
+} // namespace mintaro

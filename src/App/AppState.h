@@ -1,0 +1,163 @@
+#pragma once
+
+#include "Models/CountdownFormat.h"
+#include "Platform/Foundation/Logger.h"
+#include "Platform/Foundation/UserDefaults.h"
+#include "Services/EventStoreService.h"
+#include "Services/MeetingOpener.h"
+#include "Services/ReminderService.h"
+#include "ViewModels/CalendarViewModel.h"
+#include "ViewModels/EventsViewModel.h"
+#include "ViewModels/RemindersViewModel.h"
+
+#include <QObject>
+#include <QSet>
+
+namespace mintaro {
+
+class CalendarDatabase;
+
+/// The one central model: it owns services and view models, holds what the label and the popover show, and runs the
+/// refresh cycle. Lives as long as the process; every member belongs to the main thread. A write of an equal value tells
+/// nobody.
+class AppState : public QObject
+{
+    Q_OBJECT
+    Q_PROPERTY(bool hasCalendarAccess READ hasCalendarAccess NOTIFY hasCalendarAccessChanged)
+    Q_PROPERTY(mintaro::CalendarViewModel *calendarVM READ calendarVM CONSTANT)
+
+public:
+    /// What it is built upon; all of it must outlive the object.
+    struct Dependencies
+    {
+        std::shared_ptr<CalendarDatabase> database;
+        NotificationCenter &notifications;
+        UserDefaults &defaults;
+        Environment &environment;
+        Workspace &workspace;
+    };
+
+    /// Only builds: touches no store, asks for nothing, starts no task.
+    explicit AppState(const Dependencies &dependencies);
+    ~AppState() override;
+
+    // State
+
+    [[nodiscard]] Date selectedDate() const { return m_selectedDate; }
+    void setSelectedDate(Date date);
+    /// Any moment of the month that is shown.
+    [[nodiscard]] Date monthDate() const { return m_monthDate; }
+    void setMonthDate(Date date);
+    [[nodiscard]] const std::optional<CalendarEvent> &nextEvent() const { return m_nextEvent; }
+    /// Empty when there is no next event.
+    [[nodiscard]] const QString &countdownText() const { return m_countdownText; }
+    [[nodiscard]] bool hasCalendarAccess() const { return m_hasCalendarAccess; }
+    /// The 14 days from the selected one as far as they were fetched, each with its events and dated reminders; computed at
+    /// each call.
+    [[nodiscard]] std::vector<DayEvents> agendaEvents() const;
+
+    [[nodiscard]] CalendarViewModel *calendarVM() { return &m_calendarVM; }
+    [[nodiscard]] EventsViewModel &eventsVM() { return m_eventsVM; }
+    [[nodiscard]] RemindersViewModel &remindersVM() { return m_remindersVM; }
+    [[nodiscard]] Environment &environment() { return m_environment; }
+    [[nodiscard]] UserDefaults &defaults() { return m_defaults; }
+
+    // Refresh cycle
+
+    /// Asks for access and fetches everything; runs at launch and at each opening of the popover.
+    QCoro::Task<> requestAccessAndLoad();
+    /// Fetches the shown month with 7 days on each side, and whatever the label needs besides. Overlapping runs each
+    /// publish whole results; the later finisher wins.
+    QCoro::Task<> refreshAll();
+    /// Refreshes once for each change of the store, for as long as the object lives. A second call ends at once.
+    QCoro::Task<> watchStoreChanges();
+    /// Moves monthDate by months, negative for back.
+    void navigateMonth(int delta);
+    /// Selects a day and marks it in the grid, without a fetch.
+    void selectDay(Date date);
+    /// Shows and selects today.
+    void showToday();
+
+    /// Chooses the next event and its countdown anew.
+    void updateNextEvent();
+    void updateCountdown();
+    /// The timed events from now to a week from now that are not over, in ascending order of their starts.
+    [[nodiscard]] std::vector<CalendarEvent> upcomingEvents() const;
+
+    /// While the popover shows, a new day leaves the selection alone; while it does not, what showed the old today moves on
+    /// to the new one.
+    void setPopoverVisible(bool isVisible);
+
+    // Actions
+
+    void openMeeting(const MeetingInfo &meeting);
+    /// Opens what grants access to the calendars.
+    void openPrivacySettings();
+
+    // Preferences: read at each call, nothing is kept here.
+
+    [[nodiscard]] bool weekStartsOnMonday() const;
+    [[nodiscard]] bool showWeekNumbers() const;
+    [[nodiscard]] bool showDateInMenuBar() const;
+    [[nodiscard]] QString menuBarDateFormat() const;
+    [[nodiscard]] bool showNextEventInMenuBar() const;
+    [[nodiscard]] bool showMeetingIconInMenuBar() const;
+    void setShowMeetingIconInMenuBar(bool shows);
+    [[nodiscard]] bool meetingNotificationsEnabled() const;
+    void setMeetingNotificationsEnabled(bool isEnabled);
+    /// Above 0.
+    [[nodiscard]] int meetingNotificationMinutes() const;
+    void setMeetingNotificationMinutes(int minutes);
+    /// In user-perceived characters, above 0.
+    [[nodiscard]] int menuBarMaxTitleLength() const;
+    void setMenuBarMaxTitleLength(int length);
+    [[nodiscard]] CountdownFormat countdownFormat() const;
+    void setCountdownFormat(CountdownFormat format);
+    /// A language code, or "system".
+    [[nodiscard]] QString appLanguage() const;
+    /// Holds from the next launch on.
+    void setAppLanguage(const QString &language);
+
+Q_SIGNALS:
+    void selectedDateChanged();
+    void monthDateChanged();
+    void nextEventChanged();
+    void countdownTextChanged();
+    void hasCalendarAccessChanged();
+    /// A day began, the clock jumped or the zone changed.
+    void significantTimeChange();
+
+private:
+    [[nodiscard]] QSet<QString> selection(const QString &key) const;
+    QCoro::Task<> loadEventsOnceGranted();
+    QCoro::Task<> loadRemindersOnceGranted();
+    QCoro::Task<> fetchUpcoming(Date fetchedFrom, Date fetchedTo);
+    void generateMonth();
+    void chooseNextEvent();
+    void onPreferenceChanged(const QString &key);
+    void followToday();
+
+    Environment &m_environment;
+    UserDefaults &m_defaults;
+    Workspace &m_workspace;
+    Date m_selectedDate;
+    Date m_monthDate;
+    /// The day that counted as today when the selection was last looked at.
+    Date m_today;
+    std::optional<CalendarEvent> m_nextEvent;
+    QString m_countdownText;
+    bool m_hasCalendarAccess = false;
+    bool m_isWatchingStoreChanges = false;
+    bool m_isPopoverVisible = false;
+    Logger m_logger;
+    MeetingOpener m_meetingOpener;
+    EventStoreService m_eventStore;
+    ReminderService m_reminderService;
+    CalendarViewModel m_calendarVM;
+    EventsViewModel m_eventsVM;
+    /// The coming week, where the month that is browsed does not hold it; otherwise empty.
+    EventsViewModel m_upcomingVM;
+    RemindersViewModel m_remindersVM;
+};
+
+} // namespace mintaro

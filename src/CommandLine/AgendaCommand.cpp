@@ -1,0 +1,64 @@
+#include "CommandLine/AgendaCommand.h"
+
+#include "Platform/Foundation/DateFormatter.h"
+
+#include <QJsonArray>
+
+namespace mintaro {
+
+namespace {
+
+QString itemLine(const CalendarEvent &event, const TimeZone &timeZone)
+{
+    const QString mark = event.isCompleted ? QStringLiteral("[x]") : QStringLiteral("[ ]");
+    QString line = QStringLiteral("  %1  ").arg(event.isReminder ? mark : event.timeRange(timeZone), -14) + event.title;
+    if (event.meetingInfo)
+        line += QStringLiteral("  <%1>").arg(event.meetingInfo->url.absoluteString());
+    return line;
+}
+
+} // namespace
+
+QString AgendaCommand::summary() const
+{
+    return QStringLiteral("the coming 14 days");
+}
+
+void AgendaCommand::addOptions(QCommandLineParser &parser) const
+{
+    parser.addOption(
+        { QStringLiteral("from"), QStringLiteral("Begin at this day (ISO 8601)."), QStringLiteral("day") });
+    parser.addOption({ QStringLiteral("json"), QStringLiteral("One JSON object a line for each day.") });
+}
+
+int AgendaCommand::run(const QCommandLineParser &arguments)
+{
+    LoadedState state(arguments);
+    const TimeZone timeZone = state.environment().timeZone();
+    if (arguments.isSet(QStringLiteral("from"))) {
+        const auto from = dateFromIso8601(arguments.value(QStringLiteral("from")), timeZone);
+        if (!from)
+            throw CommandError(QStringLiteral("--from: cannot make sense of it"));
+        state.appState().setMonthDate(*from);
+        state.appState().setSelectedDate(*from);
+        QCoro::waitFor(state.appState().refreshAll());
+    }
+    const DateFormatter dayFormat = DateFormatter::withTemplate(QStringLiteral("EEEEdMMMMy"), state.environment().locale());
+    for (const DayEvents &day : state.appState().agendaEvents()) {
+        const QString heading = dayFormat.string(day.date, timeZone);
+        QJsonArray items;
+        if (!arguments.isSet(QStringLiteral("json")))
+            printLine(heading);
+        for (const CalendarEvent &event : day.events) {
+            if (arguments.isSet(QStringLiteral("json")))
+                items.append(toJson(event, timeZone));
+            else
+                printLine(itemLine(event, timeZone));
+        }
+        if (arguments.isSet(QStringLiteral("json")))
+            printJson({ { QStringLiteral("day"), heading }, { QStringLiteral("items"), items } });
+    }
+    return 0;
+}
+
+} // namespace mintaro

@@ -1,0 +1,63 @@
+#pragma once
+
+#include "App/AppContext.h"
+
+#include <QCommandLineParser>
+#include <QJsonObject>
+#include <QString>
+
+#include <memory>
+#include <stdexcept>
+#include <vector>
+
+namespace mintaro {
+
+/// A call that cannot be carried out; what() tells why.
+class CommandError : public std::runtime_error
+{
+public:
+    explicit CommandError(const QString &text)
+        : std::runtime_error(text.toStdString())
+    {
+    }
+};
+
+/// One of mintaroctl's commands. It adds nothing to what the libraries know: it asks and prints.
+class Command
+{
+public:
+    virtual ~Command() = default;
+
+    [[nodiscard]] virtual QString name() const = 0;
+    [[nodiscard]] virtual QString summary() const = 0;
+    virtual void addOptions(QCommandLineParser &) const { }
+    /// Prints the answer to standard output and gives the exit status. Throws CommandError.
+    [[nodiscard]] virtual int run(const QCommandLineParser &arguments) = 0;
+};
+
+[[nodiscard]] std::vector<std::unique_ptr<Command>> allCommands();
+
+/// Writes to standard output in UTF-8; false once nobody reads it any more.
+bool printLine(const QString &line);
+bool printJson(const QJsonObject &object);
+
+/// What agenda, next and status show is what AppState shows: these are AppState and its context, loaded.
+class LoadedState
+{
+public:
+    explicit LoadedState(const QCommandLineParser &arguments);
+    ~LoadedState();
+
+    [[nodiscard]] AppState &appState() { return *m_appState; }
+    [[nodiscard]] Environment &environment() { return m_context.environment(); }
+
+private:
+    AppContext m_context;
+    std::unique_ptr<Workspace> m_workspace;
+    std::unique_ptr<AppState> m_appState;
+};
+
+/// A record as programs get it: title, start, end (local ISO 8601 with offset), allDay, calendar, location, meeting, ...
+[[nodiscard]] QJsonObject toJson(const CalendarEvent &event, const TimeZone &timeZone);
+
+} // namespace mintaro

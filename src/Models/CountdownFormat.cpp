@@ -1,0 +1,27 @@
+#include "Models/CountdownFormat.h"
+
+namespace mintaro {
+
+QString rawValue(CountdownFormat format)
+{
+    switch (format) {
+    case CountdownFormat::Relative:
+        return QStringLiteral("relative");
+    case CountdownFormat::Compact:
+        return QStringLiteral("compact");
+    case CountdownFormat::Absolute:
+        return QStringLiteral("absolute");
+    }
+    return {};
+}
+
+std::optional<CountdownFormat> countdownFormatFromRawValue(const QString &text)
+{
+    for (const CountdownFormat format : kAllCountdownFormats) {
+        if (rawValue(format) == text)
+            return format;
+    }
+    return std::nullopt;
+}
+
+} // namespace mintaro

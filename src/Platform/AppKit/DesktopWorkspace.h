@@ -1,0 +1,26 @@
+#pragma once
+
+#include "Platform/AppKit/Workspace.h"
+
+#include <QHash>
+
+#include <memory>
+
+namespace mintaro {
+
+/// The freedesktop tools xdg-open and xdg-mime, called without a shell.
+class DesktopWorkspace : public Workspace
+{
+public:
+    void open(const URL &url) override;
+    /// Asks once for each scheme. False also where the tools are missing.
+    [[nodiscard]] QCoro::Task<bool> hasHandler(QString scheme) override;
+
+private:
+    using Answers = QHash<QString, bool>;
+
+    /// Shared with a question that is under way, which may outlive this object.
+    std::shared_ptr<Answers> m_answers = std::make_shared<Answers>();
+};
+
+} // namespace mintaro

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <QString>
+
+#include <functional>
+
+namespace mintaro {
+
+/// One entry of a menu, as NSMenu's records are.
+struct MenuItem
+{
+    QString title;
+    bool enabled = true;
+    bool isSeparator = false;
+    /// Called on the main thread when the entry is chosen. May still be called shortly after the menu was replaced,
+    /// for a user who has the older menu open.
+    std::function<void()> action;
+};
+
+} // namespace mintaro

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "Platform/Foundation/URL.h"
+
+#include <QCoroTask>
+#include <QString>
+
+namespace mintaro {
+
+/// What of the desktop opens addresses, as NSWorkspace does. To be used on the main thread.
+class Workspace
+{
+public:
+    virtual ~Workspace() = default;
+
+    /// Hands an absolute URL to whatever opens it. A failure is logged.
+    virtual void open(const URL &url) = 0;
+
+    /// Whether a program opens URLs of the scheme ("https"). False for text that is no scheme (RFC 3986, 3.1).
+    [[nodiscard]] virtual QCoro::Task<bool> hasHandler(QString scheme) = 0;
+};
+
+} // namespace mintaro

@@ -1,0 +1,76 @@
+#include "Platform/EventKit/EKEventStore.h"
+
+#include "Platform/EventKit/CalendarDatabase.h"
+
+#include <algorithm>
+
+namespace mintaro {
+
+namespace {
+
+std::optional<std::vector<QString>> identifiersOf(const std::optional<std::vector<EKCalendarRef>> &calendars)
+{
+    if (!calendars)
+        return std::nullopt;
+    std::vector<QString> identifiers;
+    for (const EKCalendarRef &calendar : *calendars)
+        identifiers.push_back(calendar->calendarIdentifier);
+    return identifiers;
+}
+
+} // namespace
+
+EKEventStore::EKEventStore(std::shared_ptr<CalendarDatabase> database)
+    : m_database(std::move(database))
+{
+}
+
+bool EKEventStore::requestFullAccessToEvents()
+{
+    return m_database->requestAccess();
+}
+
+bool EKEventStore::requestFullAccessToReminders()
+{
+    return m_database->requestAccess();
+}
+
+std::vector<EKCalendarRef> EKEventStore::calendarsForEntityType(EKEntityType type)
+{
+    auto calendars = m_database->calendars();
+    std::erase_if(calendars, [type](const EKCalendarRef &calendar) {
+        return !(type == EKEntityType::Event ? calendar->allowsEvents : calendar->allowsReminders);
+    });
+    return calendars;
+}
+
+EKCalendarRef EKEventStore::calendarWithIdentifier(const QString &identifier)
+{
+    const auto calendars = m_database->calendars();
+    const auto found = std::find_if(calendars.begin(), calendars.end(),
+        [&identifier](const EKCalendarRef &calendar) { return calendar->calendarIdentifier == identifier; });
+    return found == calendars.end() ? nullptr : *found;
+}
+
+EKEventPredicate EKEventStore::predicateForEvents(
+    Date start, Date end, const std::optional<std::vector<EKCalendarRef>> &calendars)
+{
+    return { start, end, identifiersOf(calendars) };
+}
+
+std::vector<EKEvent> EKEventStore::eventsMatchingPredicate(const EKEventPredicate &predicate)
+{
+    return m_database->events(predicate);
+}
+
+EKReminderPredicate EKEventStore::predicateForReminders(const std::optional<std::vector<EKCalendarRef>> &calendars)
+{
+    return { identifiersOf(calendars) };
+}
+
+std::vector<EKReminder> EKEventStore::fetchRemindersMatchingPredicate(const EKReminderPredicate &predicate)
+{
+    return m_database->reminders(predicate);
+}
+
+} // namespace mintaro

@@ -1,0 +1,63 @@
+#pragma once
+
+#include "Platform/EventKit/EKCalendar.h"
+#include "Platform/EventKit/EKEvent.h"
+#include "Platform/EventKit/EKReminder.h"
+
+#include <memory>
+#include <optional>
+#include <vector>
+
+namespace mintaro {
+
+class CalendarDatabase;
+
+/// Posted on the notification centre when what queries answer may have changed: once for a burst of changes.
+inline constexpr char kEKEventStoreChangedNotification[] = "EKEventStoreChangedNotification";
+
+/// Which events a query is for: all occurrences that overlap [start, end) as RFC 4791 9.9 defines overlapping.
+struct EKEventPredicate
+{
+    Date start;
+    Date end;
+    /// Identifiers; absent: every calendar, empty: none.
+    std::optional<std::vector<QString>> calendarIdentifiers;
+};
+
+struct EKReminderPredicate
+{
+    /// Identifiers; absent: every list, empty: none.
+    std::optional<std::vector<QString>> calendarIdentifiers;
+};
+
+/// A connection to the process's one calendar database. Making one costs nothing and tells nobody. All calls read files
+/// where something changed, so they belong on an actor's thread; they are safe from several threads at once.
+class EKEventStore
+{
+public:
+    explicit EKEventStore(std::shared_ptr<CalendarDatabase> database);
+
+    /// False where the user's data cannot be read; throws EKError where the store's configuration makes no sense.
+    [[nodiscard]] bool requestFullAccessToEvents();
+    [[nodiscard]] bool requestFullAccessToReminders();
+
+    [[nodiscard]] std::vector<EKCalendarRef> calendarsForEntityType(EKEntityType type);
+    /// Null when there is none.
+    [[nodiscard]] EKCalendarRef calendarWithIdentifier(const QString &identifier);
+
+    /// `calendars`: absent for every one.
+    [[nodiscard]] static EKEventPredicate predicateForEvents(
+        Date start, Date end, const std::optional<std::vector<EKCalendarRef>> &calendars);
+    /// Occurrences in ascending order of their starts; those of equal starts in the order of calendars and objects.
+    /// Nothing before access was granted.
+    [[nodiscard]] std::vector<EKEvent> eventsMatchingPredicate(const EKEventPredicate &predicate);
+
+    [[nodiscard]] static EKReminderPredicate predicateForReminders(
+        const std::optional<std::vector<EKCalendarRef>> &calendars);
+    [[nodiscard]] std::vector<EKReminder> fetchRemindersMatchingPredicate(const EKReminderPredicate &predicate);
+
+private:
+    std::shared_ptr<CalendarDatabase> m_database;
+};
+
+} // namespace mintaro

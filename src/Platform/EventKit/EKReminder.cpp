@@ -1,0 +1,93 @@
+#include "Platform/EventKit/EKReminder.h"
+
+#include "Platform/EventKit/ReminderRecord.h"
+
+namespace mintaro {
+
+using namespace std::chrono;
+
+namespace {
+
+std::optional<QString> present(const QString &text)
+{
+    return text.isNull() ? std::nullopt : std::optional(text);
+}
+
+DateComponents componentsOf(LocalTime reading)
+{
+    const local_days day = floor<days>(reading);
+    const year_month_day civil { day };
+    const hh_mm_ss time { reading - day };
+    DateComponents components;
+    components.year = static_cast<int>(civil.year());
+    components.month = static_cast<int>(static_cast<unsigned>(civil.month()));
+    components.day = static_cast<int>(static_cast<unsigned>(civil.day()));
+    components.hour = static_cast<int>(time.hours().count());
+    components.minute = static_cast<int>(time.minutes().count());
+    components.second = static_cast<int>(time.seconds().count());
+    components.weekday = static_cast<int>(weekday { day }.c_encoding()) + 1;
+    return components;
+}
+
+LocalTime readingOf(const DateComponents &components)
+{
+    const auto part = [](int value) { return static_cast<unsigned>(value); };
+    return local_days { year { components.year } / month { part(components.month) } / day { part(components.day) } }
+    + hours { components.hour } + minutes { components.minute } + seconds { components.second };
+}
+
+} // namespace
+
+std::optional<Date> EKDueDateComponents::date(const Calendar &calendar) const
+{
+    return timeZone ? std::optional<Date>(timeZone->toInstant(readingOf(components))) : calendar.date(components);
+}
+
+EKReminder::EKReminder(std::shared_ptr<const ReminderRecord> record, EKCalendarRef calendar)
+    : m_record(std::move(record))
+    , m_calendar(std::move(calendar))
+{
+}
+
+QString EKReminder::calendarItemIdentifier() const
+{
+    return m_calendar->calendarIdentifier + u'/' + m_record->uid + m_record->identifierSuffix;
+}
+
+QString EKReminder::title() const
+{
+    return m_record->title;
+}
+
+std::optional<QString> EKReminder::notes() const
+{
+    return present(m_record->notes);
+}
+
+std::optional<QString> EKReminder::url() const
+{
+    return present(m_record->url);
+}
+
+std::optional<EKDueDateComponents> EKReminder::dueDateComponents() const
+{
+    if (!m_record->due)
+        return std::nullopt;
+    const EventTime &due = *m_record->due;
+    EKDueDateComponents result { componentsOf(due.reading), due.form != TimeForm::Day, std::nullopt };
+    if (due.isZoned())
+        result.timeZone = due.zone;
+    return result;
+}
+
+bool EKReminder::isCompleted() const
+{
+    return m_record->isCompleted;
+}
+
+std::optional<Date> EKReminder::completionDate() const
+{
+    return m_record->completionDate;
+}
+
+} // namespace mintaro

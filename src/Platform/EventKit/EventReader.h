@@ -1,0 +1,29 @@
+#pragma once
+
+#include "Platform/EventKit/EventSeries.h"
+#include "Platform/EventKit/PropertyReader.h"
+#include "Platform/EventKit/ReminderRecord.h"
+
+#include <memory>
+#include <optional>
+
+namespace mintaro {
+
+/// A VEVENT as it stands, before it is put together with others of its UID.
+struct EventComponent
+{
+    std::shared_ptr<EventItem> item;
+    /// Null for an event that happens once.
+    std::unique_ptr<Recurrence> recurrence;
+    /// Set for a component with a RECURRENCE-ID; it holds the same item.
+    std::optional<SeriesException> exception;
+};
+
+/// Empty, with a complaint, where the component has no start.
+[[nodiscard]] std::optional<EventComponent> readEvent(
+    icalcomponent *component, PropertyReader &reader, const QStringList &userAddresses);
+
+/// Null for a task that was called off.
+[[nodiscard]] std::shared_ptr<ReminderRecord> readReminder(icalcomponent *component, PropertyReader &reader);
+
+} // namespace mintaro

@@ -1,0 +1,138 @@
+#include "Platform/EventKit/Folders/CollectionScan.h"
+
+#include "Platform/EventKit/Folders/Folder.h"
+
+#include <QFileInfo>
+
+#include <algorithm>
+#include <cerrno>
+#include <cstring>
+#include <tuple>
+
+#include <fnmatch.h>
+#include <unistd.h>
+
+namespace mintaro {
+
+namespace {
+
+constexpr qint64 kLargestLooksFile = 4096;
+
+QString textOf(const Folder &folder, const char *name)
+{
+    return fileName(folder.read(name, kLargestLooksFile).bytes.value_or(QByteArray())).value_or(QString()).simplified();
+}
+
+/// Whether a root holds calendar data itself, as a single folder that the user named for a root does.
+bool isCollectionItself(const Folder &folder)
+{
+    const std::vector<QByteArray> names = folder.names();
+    return std::any_of(names.begin(), names.end(),
+        [](const QByteArray &name) { return name.endsWith(".ics") || name == "color" || name == "displayname"; });
+}
+
+/// ".calendars" becomes "Calendars", "my_work" "My work".
+QString sourceTitle(const QString &path)
+{
+    QString title = QFileInfo(path).fileName().replace(u'_', u' ').simplified();
+    while (title.startsWith(u'.'))
+        title.remove(0, 1);
+    return title.isEmpty() ? path : title.front().toUpper() + title.mid(1);
+}
+
+} // namespace
+
+struct CollectionScan::Found
+{
+    StoreCollection collection;
+    int order = 0;
+};
+
+CollectionScan::CollectionScan(const StoreConfiguration &configuration, const Report &report)
+    : m_configuration(configuration)
+    , m_report(report)
+    , m_defaultReminders(canonicalPath(configuration.defaultReminders).value_or(QString()))
+{
+    for (const ConfiguredFolder &configured : configuration.folders) {
+        const std::optional<QString> path = canonicalPath(configured.path);
+        if (!path) {
+            m_watched.try_emplace(configured.path);
+        } else if (configured.kind == ConfiguredFolder::Kind::Root) {
+            addRoot(configured, *path);
+        } else if (const auto found = examine(configured, *path, QFileInfo(*path).path())) {
+            add(*found);
+        }
+    }
+}
+
+void CollectionScan::addRoot(const ConfiguredFolder &configured, const QString &root)
+{
+    m_watched[root].isRoot = true;
+    const std::optional<Folder> folder = Folder::open(root);
+    if (!folder) {
+        m_report(root, QString::fromLocal8Bit(std::strerror(errno)));
+        return;
+    }
+    std::vector<Found> all;
+    const auto take = [&](const QString &path) {
+        if (std::optional<Found> found = examine(configured, path, root))
+            all.push_back(std::move(*found));
+    };
+    if (isCollectionItself(*folder))
+        take(root);
+    for (const QByteArray &name : folder->names()) {
+        const std::optional<struct stat> status = folder->status(name);
+        const bool isMatch = ::fnmatch(configured.pattern.toUtf8().constData(), name.constData(), FNM_PERIOD) == 0;
+        if (!isMatch || !status || !S_ISDIR(status->st_mode))
+            continue;
+        if (const std::optional<QString> text = fileName(name))
+            take(canonicalPath(root + u'/' + *text).value_or(QString()));
+        else
+            m_report(root + u'/' + escapedPath(name), QStringLiteral("the name is not UTF-8"));
+    }
+    std::stable_sort(all.begin(), all.end(), [](const Found &a, const Found &b) {
+        return std::tuple(a.order, a.collection.title) < std::tuple(b.order, b.collection.title);
+    });
+    std::for_each(all.begin(), all.end(), [this](const Found &found) { add(found); });
+}
+
+std::optional<CollectionScan::Found> CollectionScan::examine(
+    const ConfiguredFolder &configured, const QString &path, const QString &source)
+{
+    const std::optional<Folder> folder = Folder::open(path);
+    if (!folder) {
+        // Watched all the same: the permission may come.
+        m_watched.try_emplace(path);
+        m_report(path, QString::fromLocal8Bit(std::strerror(errno)));
+        return std::nullopt;
+    }
+    StoreCollection collection;
+    collection.identifier = path;
+    collection.title = textOf(*folder, "displayname");
+    if (collection.title.isEmpty())
+        collection.title = QFileInfo(path).fileName();
+    collection.sourceIdentifier = source;
+    collection.sourceTitle = sourceTitle(source);
+    collection.color = Color::fromHex(textOf(*folder, "color"));
+    if (!collection.color)
+        collection.color = configured.color;
+    collection.isWritable = !configured.isReadOnly && ::access(path.toUtf8().constData(), W_OK) == 0;
+    collection.isReminderList = path == m_defaultReminders;
+    collection.userAddresses = m_configuration.addresses + configured.addresses;
+    collection.userAddresses.removeDuplicates();
+    bool hasOrder = false;
+    const int order = textOf(*folder, "order").toInt(&hasOrder);
+    return Found { std::move(collection), hasOrder ? order : std::numeric_limits<int>::max() };
+}
+
+void CollectionScan::add(const Found &found)
+{
+    const QString &identifier = found.collection.identifier;
+    if (m_known.contains(identifier))
+        return;
+    m_known.insert(identifier);
+    m_watched[identifier].collection = identifier;
+    m_collections.push_back(found.collection);
+}
+
+} // namespace mintaro

@@ -1,0 +1,137 @@
+#include "Platform/EventKit/Folders/Folder.h"
+
+#include "Platform/EventKit/Folders/FileDescriptor.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <cstdlib>
+#include <cstring>
+
+#include <fcntl.h>
+
+namespace mintaro {
+
+namespace {
+
+FileText problem(const QString &text)
+{
+    return { std::nullopt, text };
+}
+
+FileText problemOfErrno()
+{
+    return problem(errno == ENOENT ? QString() : QString::fromLocal8Bit(std::strerror(errno)));
+}
+
+FileText readAll(int descriptor, qint64 limit)
+{
+    QByteArray bytes;
+    char chunk[64 * 1024];
+    ssize_t size = 0;
+    while ((size = ::read(descriptor, chunk, sizeof chunk)) > 0 && bytes.size() <= limit)
+        bytes.append(chunk, size);
+    if (size < 0)
+        return problemOfErrno();
+    if (bytes.size() > limit)
+        return problem(QStringLiteral("larger than %1 bytes").arg(limit));
+    return { bytes, {} };
+}
+
+FileText readFileAt(int folder, const char *name, qint64 limit)
+{
+    // Opening a FIFO for reading waits for a writer unless O_NONBLOCK is given.
+    const FileDescriptor file(::openat(folder, name, O_RDONLY | O_NONBLOCK | O_CLOEXEC | O_NOCTTY));
+    struct stat status = {};
+    if (!file.isValid() || ::fstat(file.get(), &status) != 0)
+        return problemOfErrno();
+    if (!S_ISREG(status.st_mode))
+        return problem(QStringLiteral("no regular file"));
+    if (status.st_size > limit)
+        return problem(QStringLiteral("larger than %1 bytes").arg(limit));
+    return readAll(file.get(), limit);
+}
+
+} // namespace
+
+std::optional<QString> fileName(const QByteArray &bytes)
+{
+    QString name = QString::fromUtf8(bytes);
+    return name.toUtf8() == bytes ? std::optional(std::move(name)) : std::nullopt;
+}
+
+QString escapedPath(const QByteArray &path)
+{
+    const std::optional<QString> text = fileName(path);
+    QByteArray escaped;
+    for (const char byte : path) {
+        const auto code = static_cast<unsigned char>(byte);
+        if (code < 0x20 || code == 0x7f || (code >= 0x80 && !text))
+            escaped += "\\x" + QByteArray(1, byte).toHex();
+        else
+            escaped += byte;
+    }
+    return QString::fromUtf8(escaped);
+}
+
+QString escapedPath(const QString &path)
+{
+    return escapedPath(path.toUtf8());
+}
+
+std::optional<QString> canonicalPath(const QString &path)
+{
+    const std::unique_ptr<char, decltype(&std::free)> real(::realpath(path.toUtf8().constData(), nullptr), &std::free);
+    return real ? fileName(QByteArray(real.get())) : std::nullopt;
+}
+
+bool isObjectName(const QString &name)
+{
+    return name.endsWith(QLatin1String(".ics"));
+}
+
+ObjectRevision revisionOf(const struct stat &status)
+{
+    constexpr std::int64_t kNanoseconds = 1'000'000'000;
+    return { static_cast<std::int64_t>(status.st_ino), status.st_size,
+        status.st_mtim.tv_sec * kNanoseconds + status.st_mtim.tv_nsec };
+}
+
+FileText readFile(const QString &path, qint64 limit)
+{
+    return readFileAt(AT_FDCWD, path.toUtf8().constData(), limit);
+}
+
+std::optional<Folder> Folder::open(const QString &path)
+{
+    Folder folder;
+    folder.m_folder.reset(::opendir(path.toUtf8().constData()));
+    return folder.m_folder ? std::optional(std::move(folder)) : std::nullopt;
+}
+
+std::vector<QByteArray> Folder::names() const
+{
+    std::vector<QByteArray> names;
+    ::rewinddir(m_folder.get());
+    while (const dirent *entry = ::readdir(m_folder.get())) {
+        const QByteArray name(entry->d_name);
+        if (name != "." && name != "..")
+            names.push_back(name);
+    }
+    std::sort(names.begin(), names.end());
+    return names;
+}
+
+std::optional<struct stat> Folder::status(const QByteArray &name) const
+{
+    struct stat status = {};
+    if (::fstatat(::dirfd(m_folder.get()), name.constData(), &status, 0) != 0)
+        return std::nullopt;
+    return status;
+}
+
+FileText Folder::read(const QByteArray &name, qint64 limit) const
+{
+    return readFileAt(::dirfd(m_folder.get()), name.constData(), limit);
+}
+
+} // namespace mintaro

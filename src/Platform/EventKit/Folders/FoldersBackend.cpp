@@ -1,0 +1,159 @@
+#include "Platform/EventKit/Folders/FoldersBackend.h"
+
+#include "Platform/EventKit/Folders/CollectionScan.h"
+#include "Platform/EventKit/Folders/Folder.h"
+#include "Platform/EventKit/Folders/NewFolder.h"
+
+#include <QFileInfo>
+
+#include <algorithm>
+#include <cerrno>
+#include <cstring>
+
+#include <unistd.h>
+
+namespace mintaro {
+
+namespace {
+
+constexpr qint64 kLargestObject = 8 * 1024 * 1024;
+
+/// Why a configured folder cannot be read; empty where it can, or where it does not exist (yet).
+QString accessProblem(const QString &path)
+{
+    const QByteArray bytes = path.toUtf8();
+    struct stat status = {};
+    if (::stat(bytes.constData(), &status) != 0 && (errno == ENOENT || errno == ENOTDIR))
+        return {};
+    if (::access(bytes.constData(), R_OK) != 0)
+        return QString::fromLocal8Bit(std::strerror(errno));
+    if (!S_ISDIR(status.st_mode))
+        return QStringLiteral("no folder");
+    return ::access(bytes.constData(), X_OK) == 0 ? QString() : QString::fromLocal8Bit(std::strerror(errno));
+}
+
+/// Makes our own root with a calendar and a reminder list in it. An existing one, whatever it holds, is left alone.
+void makeOwnRoot(const QString &path, const Logger &logger)
+{
+    if (QFileInfo::exists(path))
+        return;
+    try {
+        NewFolder root(path);
+        root.write(QStringLiteral("calendar/displayname"), "Calendar\n");
+        root.write(QStringLiteral("calendar/color"), "#0b68ff\n");
+        root.write(QStringLiteral("reminders/displayname"), "Reminders\n");
+        root.write(QStringLiteral("reminders/color"), "#f76b15\n");
+        root.finish();
+    } catch (const EKError &error) {
+        logger.error(QString::fromStdString(error.what()));
+    }
+}
+
+} // namespace
+
+FoldersBackend::FoldersBackend(BaseFolders baseFolders, std::optional<QString> root, Logger logger)
+    : m_baseFolders(std::move(baseFolders))
+    , m_root(std::move(root))
+    , m_logger(std::move(logger))
+    , m_watcher(m_logger)
+{
+}
+
+bool FoldersBackend::requestAccess()
+{
+    if (!m_configuration)
+        m_configuration = m_root ? StoreConfiguration::forRoot(*m_root) : StoreConfiguration::load(m_baseFolders);
+    const std::vector<ConfiguredFolder> &folders = m_configuration->folders;
+    if (m_configuration->isOwnRoot) {
+        makeOwnRoot(folders.front().path, m_logger);
+        if (!QFileInfo(folders.front().path).isDir())
+            return false;
+    }
+    return std::all_of(folders.begin(), folders.end(), [this](const ConfiguredFolder &folder) {
+        const QString problem = accessProblem(folder.path);
+        if (!problem.isEmpty())
+            report(folder.path, problem);
+        return problem.isEmpty();
+    });
+}
+
+std::vector<StoreCollection> FoldersBackend::collections()
+{
+    if (!m_configuration)
+        return {};
+    const CollectionScan::Report report
+        = [this](const QString &path, const QString &problem) { this->report(path, problem); };
+    CollectionScan scan(*m_configuration, report);
+    m_watcher.setFolders(scan.watched());
+    return scan.collections();
+}
+
+std::vector<ObjectState> FoldersBackend::objects(const QString &collection)
+{
+    const std::optional<Folder> folder = Folder::open(collection);
+    if (!folder) {
+        report(collection, QString::fromLocal8Bit(std::strerror(errno)));
+        return {};
+    }
+    std::vector<ObjectState> objects;
+    for (const QByteArray &name : folder->names()) {
+        if (!name.endsWith(".ics"))
+            continue;
+        if (std::optional<ObjectState> state = stateOf(*folder, collection, name))
+            objects.push_back(std::move(*state));
+    }
+    return objects;
+}
+
+std::optional<ObjectState> FoldersBackend::object(const QString &collection, const QString &name)
+{
+    const std::optional<Folder> folder = Folder::open(collection);
+    return folder && isObjectName(name) ? stateOf(*folder, collection, name.toUtf8()) : std::nullopt;
+}
+
+std::optional<ObjectState> FoldersBackend::stateOf(
+    const Folder &folder, const QString &collection, const QByteArray &name)
+{
+    const std::optional<struct stat> status = folder.status(name);
+    const int error = errno;
+    const QString path = collection + u'/' + escapedPath(name);
+    const std::optional<QString> text = fileName(name);
+    if (!status && error != ENOENT)
+        report(path, QString::fromLocal8Bit(std::strerror(error)));
+    else if (status && !S_ISREG(status->st_mode))
+        report(path, QStringLiteral("no regular file"));
+    else if (status && !text)
+        report(path, QStringLiteral("the name is not UTF-8"));
+    else if (status)
+        return ObjectState { *text, revisionOf(*status) };
+    return std::nullopt;
+}
+
+std::optional<QByteArray> FoldersBackend::read(const QString &collection, const QString &name)
+{
+    const FileText file = readFile(collection + u'/' + name, kLargestObject);
+    if (!file.problem.isEmpty())
+        report(describe(collection, name), file.problem);
+    return file.bytes;
+}
+
+QString FoldersBackend::describe(const QString &collection, const QString &name) const
+{
+    return escapedPath(QString(collection + u'/' + name));
+}
+
+void FoldersBackend::watch(std::function<void(const StoreChanges &)> handler)
+{
+    m_watcher.start(std::move(handler));
+}
+
+void FoldersBackend::report(const QString &path, const QString &problem)
+{
+    const QString line = escapedPath(path) + QLatin1String(": ") + problem;
+    if (m_reported.contains(line))
+        return;
+    m_reported.insert(line);
+    m_logger.error(line);
+}
+
+} // namespace mintaro

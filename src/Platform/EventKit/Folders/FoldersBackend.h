@@ -1,0 +1,48 @@
+#pragma once
+
+#include "Platform/EventKit/Folders/FolderWatcher.h"
+#include "Platform/EventKit/Folders/StoreConfiguration.h"
+#include "Platform/EventKit/StoreBackend.h"
+#include "Platform/Foundation/Logger.h"
+
+#include <QSet>
+
+namespace mintaro {
+
+class Folder;
+
+/// Calendars as folders of .ics files (vdirsyncer's "vdir" convention): a source is a root folder, a collection one of
+/// its sub-folders, an object a file in that. A collection's identifier is its canonical path, an object's name its
+/// file name.
+class FoldersBackend final : public StoreBackend
+{
+public:
+    /// `root`: shows this folder alone, whatever the user's configuration says.
+    explicit FoldersBackend(BaseFolders baseFolders, std::optional<QString> root = std::nullopt,
+        Logger logger = Logger(QStringLiteral("EventStore")));
+
+    /// True too where a configured folder does not exist: it is waited for.
+    [[nodiscard]] bool requestAccess() override;
+    [[nodiscard]] std::vector<StoreCollection> collections() override;
+    [[nodiscard]] std::vector<ObjectState> objects(const QString &collection) override;
+    [[nodiscard]] std::optional<ObjectState> object(const QString &collection, const QString &name) override;
+    [[nodiscard]] std::optional<QByteArray> read(const QString &collection, const QString &name) override;
+    [[nodiscard]] QString describe(const QString &collection, const QString &name) const override;
+    /// To be called before the first listing, so that no change falls between the two.
+    void watch(std::function<void(const StoreChanges &)> handler) override;
+
+private:
+    /// One line for each path and problem, however often it is met.
+    void report(const QString &path, const QString &problem);
+    [[nodiscard]] std::optional<ObjectState> stateOf(
+        const Folder &folder, const QString &collection, const QByteArray &name);
+
+    const BaseFolders m_baseFolders;
+    const std::optional<QString> m_root;
+    const Logger m_logger;
+    std::optional<StoreConfiguration> m_configuration;
+    QSet<QString> m_reported;
+    FolderWatcher m_watcher;
+};
+
+} // namespace mintaro

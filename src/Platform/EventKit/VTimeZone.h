@@ -1,0 +1,17 @@
+#pragma once
+
+#include "Platform/EventKit/ICalHandle.h"
+#include "Platform/Foundation/TimeZone.h"
+
+#include <QString>
+
+#include <optional>
+
+namespace mintaro {
+
+/// The zone that the object's own VTIMEZONE of that name describes (RFC 5545 3.6.5): the system's where it names one
+/// (X-LIC-LOCATION), else one of its yearly rules and RDATEs up to the year 2100. Empty where there is no such
+/// VTIMEZONE.
+[[nodiscard]] std::optional<TimeZone> readTimeZone(icalcomponent *root, const QString &tzid);
+
+} // namespace mintaro

@@ -1,0 +1,151 @@
+#include "Platform/Foundation/TimeZone.h"
+
+#include <QDateTime>
+#include <QFileInfo>
+#include <QHash>
+#include <QMutex>
+#include <QTimeZone>
+
+#include <algorithm>
+
+namespace mintaro {
+
+using std::chrono::hours;
+using std::chrono::seconds;
+using std::chrono::sys_seconds;
+
+namespace {
+
+// Between these years offsets come from a table that is searched in a few steps; outside them QTimeZone is asked.
+constexpr sys_seconds kTableBegin = std::chrono::sys_days { std::chrono::year { 1900 } / 1 / 1 };
+constexpr sys_seconds kTableEnd = std::chrono::sys_days { std::chrono::year { 2100 } / 1 / 1 };
+
+QDateTime toQDateTime(sys_seconds at)
+{
+    return QDateTime::fromSecsSinceEpoch(at.time_since_epoch().count(), Qt::UTC);
+}
+
+} // namespace
+
+struct TimeZone::Rules
+{
+    QString identifier;
+    seconds initialOffset { 0 };
+    std::vector<Transition> transitions;
+    /// Absent for UTC and for zones with rules of their own: the table is all there is.
+    std::optional<QTimeZone> source;
+
+    static std::shared_ptr<const Rules> read(const QTimeZone &zone);
+    [[nodiscard]] seconds offset(sys_seconds at) const;
+};
+
+std::shared_ptr<const TimeZone::Rules> TimeZone::Rules::read(const QTimeZone &zone)
+{
+    auto rules = std::make_shared<Rules>();
+    rules->identifier = QString::fromLatin1(zone.id());
+    rules->initialOffset = seconds { zone.offsetFromUtc(toQDateTime(kTableBegin)) };
+    for (const auto &each : zone.transitions(toQDateTime(kTableBegin), toQDateTime(kTableEnd)))
+        rules->transitions.push_back({ sys_seconds { seconds { each.atUtc.toSecsSinceEpoch() } },
+            seconds { each.offsetFromUtc } });
+    rules->source = zone;
+    return rules;
+}
+
+seconds TimeZone::Rules::offset(sys_seconds at) const
+{
+    if (source && (at < kTableBegin || at >= kTableEnd))
+        return seconds { source->offsetFromUtc(toQDateTime(at)) };
+    const auto next = std::upper_bound(transitions.begin(), transitions.end(), at,
+        [](sys_seconds moment, const Transition &transition) { return moment < transition.at; });
+    return next == transitions.begin() ? initialOffset : std::prev(next)->offset;
+}
+
+TimeZone::TimeZone(std::shared_ptr<const Rules> rules)
+    : m_rules(std::move(rules))
+{
+}
+
+TimeZone::TimeZone()
+{
+    static const auto utc = [] {
+        auto rules = std::make_shared<Rules>();
+        rules->identifier = QStringLiteral("UTC");
+        return std::shared_ptr<const Rules>(rules);
+    }();
+    m_rules = utc;
+}
+
+std::optional<TimeZone> TimeZone::named(const QString &identifier)
+{
+    static QMutex mutex;
+    static QHash<QString, std::shared_ptr<const Rules>> known;
+
+    if (identifier == QLatin1String("UTC"))
+        return TimeZone();
+    const QMutexLocker lock(&mutex);
+    auto &rules = known[identifier];
+    if (!rules) {
+        const QByteArray id = identifier.toLatin1();
+        // Qt reads POSIX rules and offsets as zones too; only names of the database are meant here.
+        if (!QTimeZone::isTimeZoneIdAvailable(id)) {
+            known.remove(identifier);
+            return std::nullopt;
+        }
+        rules = Rules::read(QTimeZone(id));
+    }
+    return TimeZone(rules);
+}
+
+TimeZone TimeZone::custom(const QString &identifier, seconds initialOffset, std::vector<Transition> transitions)
+{
+    auto rules = std::make_shared<Rules>();
+    rules->identifier = identifier;
+    rules->initialOffset = initialOffset;
+    rules->transitions = std::move(transitions);
+    return TimeZone(rules);
+}
+
+TimeZone TimeZone::system()
+{
+    QString name = qEnvironmentVariable("TZ");
+    if (name.startsWith(u':'))
+        name.remove(0, 1);
+    if (name.isEmpty())
+        name = QFileInfo(QStringLiteral("/etc/localtime")).symLinkTarget();
+    const QLatin1String folder("/zoneinfo/");
+    if (const auto at = name.indexOf(folder); at >= 0)
+        name = name.mid(at + folder.size());
+    return named(name).value_or(TimeZone());
+}
+
+const QString &TimeZone::identifier() const
+{
+    return m_rules->identifier;
+}
+
+seconds TimeZone::secondsFromGMT(sys_seconds at) const
+{
+    return m_rules->offset(at);
+}
+
+LocalTime TimeZone::toLocal(sys_seconds at) const
+{
+    return LocalTime { at.time_since_epoch() + m_rules->offset(at) };
+}
+
+sys_seconds TimeZone::toInstant(LocalTime reading) const
+{
+    const sys_seconds asUtc { reading.time_since_epoch() };
+    // No zone changes its offset twice within two days, so these two are the offsets on both sides of a change nearby.
+    const seconds before = m_rules->offset(asUtc - hours { 24 });
+    const seconds after = m_rules->offset(asUtc + hours { 24 });
+    const bool beforeHolds = m_rules->offset(asUtc - before) == before;
+    const bool afterHolds = m_rules->offset(asUtc - after) == after;
+    if (beforeHolds && afterHolds)
+        return std::min(asUtc - before, asUtc - after);
+    if (afterHolds)
+        return asUtc - after;
+    return asUtc - before;
+}
+
+} // namespace mintaro

@@ -1,0 +1,53 @@
+#pragma once
+
+#include "Platform/Foundation/Date.h"
+
+#include <QString>
+
+#include <memory>
+#include <optional>
+#include <vector>
+
+namespace mintaro {
+
+/// A time zone: the bridge between moments and clock readings. A cheap value over shared, immutable rules; safe to use
+/// from any thread. Named zones have the rules of the system's time zone database.
+class TimeZone
+{
+public:
+    /// From `at` on the zone is `offset` ahead of UTC.
+    struct Transition
+    {
+        std::chrono::sys_seconds at;
+        std::chrono::seconds offset;
+    };
+
+    /// UTC.
+    TimeZone();
+    /// The zone of an IANA name or a link to one ("Europe/Rome", "UTC", "US/Eastern"); empty when the system's
+    /// database does not know it.
+    [[nodiscard]] static std::optional<TimeZone> named(const QString &identifier);
+    /// A zone with rules of its own: `initialOffset` up to the first of the ascending `transitions`.
+    [[nodiscard]] static TimeZone custom(
+        const QString &identifier, std::chrono::seconds initialOffset, std::vector<Transition> transitions);
+    /// The zone that the system is set to now: the TZ variable, else the link /etc/localtime, else UTC. Reads the file
+    /// system.
+    [[nodiscard]] static TimeZone system();
+
+    [[nodiscard]] const QString &identifier() const;
+    /// How far the zone is ahead of UTC at that moment.
+    [[nodiscard]] std::chrono::seconds secondsFromGMT(std::chrono::sys_seconds at) const;
+    [[nodiscard]] LocalTime toLocal(std::chrono::sys_seconds at) const;
+    /// RFC 5545 3.3.5: of two moments with this reading the earlier one; a reading inside a gap is taken with the
+    /// offset before the gap.
+    [[nodiscard]] std::chrono::sys_seconds toInstant(LocalTime reading) const;
+
+    friend bool operator==(const TimeZone &a, const TimeZone &b) { return a.m_rules == b.m_rules; }
+
+private:
+    struct Rules;
+    explicit TimeZone(std::shared_ptr<const Rules> rules);
+    std::shared_ptr<const Rules> m_rules;
+};
+
+} // namespace mintaro

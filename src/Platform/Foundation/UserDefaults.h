@@ -1,0 +1,70 @@
+#pragma once
+
+#include "Platform/Foundation/Logger.h"
+
+#include <QFileSystemWatcher>
+#include <QMap>
+#include <QObject>
+#include <QSettings>
+#include <QStringList>
+
+#include <memory>
+#include <optional>
+
+namespace mintaro {
+
+/// The preferences: a file of `Key=value` lines that people may write by hand while the program runs. Text stands raw;
+/// booleans are 1, true, yes and 0, false, no in any case; lists and data carry a mark ("@array", "@data"). A file that
+/// cannot be parsed or written is never written over: a log line says so, and changes last as long as the process. For
+/// the main thread.
+class UserDefaults : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit UserDefaults(const QString &file, Logger logger = Logger(QStringLiteral("UserDefaults")));
+
+    /// mintaro/mintaro.conf below the XDG config folder (XDG Base Directory Specification).
+    [[nodiscard]] static QString standardFile();
+
+    [[nodiscard]] bool hasObjectForKey(const QString &key) const;
+    /// Empty where the key is absent or its text is no boolean.
+    [[nodiscard]] std::optional<bool> boolForKey(const QString &key) const;
+    /// 0 where the key is absent or its text is no integer.
+    [[nodiscard]] int integerForKey(const QString &key) const;
+    /// Empty where the key is absent or its text is no finite number.
+    [[nodiscard]] std::optional<double> doubleForKey(const QString &key) const;
+    [[nodiscard]] std::optional<QString> stringForKey(const QString &key) const;
+    /// Empty where the key is absent or holds no list.
+    [[nodiscard]] QStringList stringArrayForKey(const QString &key) const;
+    [[nodiscard]] QByteArray dataForKey(const QString &key) const;
+    /// Every key with its value as it stands in the file.
+    [[nodiscard]] QMap<QString, QString> dictionaryRepresentation() const { return m_values; }
+
+    void setBool(bool value, const QString &key);
+    void setInteger(int value, const QString &key);
+    void setDouble(double value, const QString &key);
+    void setString(const QString &value, const QString &key);
+    void setStringArray(const QStringList &value, const QString &key);
+    void setData(const QByteArray &value, const QString &key);
+    void removeObjectForKey(const QString &key);
+
+Q_SIGNALS:
+    /// The key's value changed, by this program or from outside.
+    void changed(const QString &key);
+
+private:
+    void write(const QString &key, const std::optional<QString> &value);
+    void reload();
+    void watchFile();
+    [[nodiscard]] QMap<QString, QString> readAll();
+
+    const QString m_file;
+    Logger m_logger;
+    std::unique_ptr<QSettings> m_settings;
+    bool m_isReadOnly = false;
+    QMap<QString, QString> m_values;
+    QFileSystemWatcher m_watcher;
+};
+
+} // namespace mintaro

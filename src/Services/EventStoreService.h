@@ -1,0 +1,54 @@
+#pragma once
+
+#include "Models/MeetingInfo.h"
+#include "Platform/EventKit/EKEventStore.h"
+#include "Platform/Foundation/Actor.h"
+#include "Platform/Foundation/AsyncStream.h"
+#include "Platform/Foundation/NotificationCenter.h"
+#include "Services/MeetingURLDetector.h"
+#include "Services/RevisionCache.h"
+
+#include <QCoroTask>
+
+#include <variant>
+
+namespace mintaro {
+
+/// An event with the meeting link that was found in its texts.
+struct FetchedEvent
+{
+    EKEvent event;
+    std::optional<MeetingInfo> meetingInfo;
+};
+
+/// The only way to the events of the store: an actor, so that no query ever holds up the main thread. Its operations may
+/// be awaited from any thread with an event loop.
+class EventStoreService
+{
+public:
+    /// `notifications` must outlive the object.
+    EventStoreService(EKEventStore store, MeetingURLDetector detector, NotificationCenter &notifications);
+    ~EventStoreService();
+
+    /// True when granted; throws EKError as the store reports it.
+    [[nodiscard]] QCoro::Task<bool> requestAccess();
+    /// Every occurrence that overlaps the range, except those that the current user declined, in the store's order.
+    /// `calendars`: absent for every one.
+    [[nodiscard]] QCoro::Task<std::vector<FetchedEvent>> fetchEvents(
+        Date from, Date to, std::optional<std::vector<EKCalendarRef>> calendars);
+    /// One element for each change of the store. For the main thread. The stream ends with the service.
+    [[nodiscard]] AsyncStream<std::monostate> storeChanges();
+
+private:
+    [[nodiscard]] std::vector<FetchedEvent> fetch(const EKEventPredicate &predicate);
+
+    EKEventStore m_store;
+    MeetingURLDetector m_detector;
+    NotificationCenter &m_notifications;
+    RevisionCache<EventItem, std::optional<MeetingInfo>> m_meetings;
+    std::vector<AsyncStream<std::monostate>::Continuation> m_streams;
+    /// Last, so that it stops before what its thread works on goes.
+    Actor m_actor;
+};
+
+} // namespace mintaro

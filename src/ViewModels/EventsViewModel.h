@@ -1,0 +1,54 @@
+#pragma once
+
+#include "Models/DayEvents.h"
+#include "Platform/Foundation/Environment.h"
+#include "Services/EventStoreService.h"
+
+#include <QHash>
+#include <QObject>
+#include <QSet>
+
+namespace mintaro {
+
+/// Whether a fetch leaves out what has ended.
+enum class HidePastEvents { No, Yes };
+
+/// The days that have events, as the store last gave them. For the main thread.
+class EventsViewModel : public QObject
+{
+    Q_OBJECT
+    Q_PROPERTY(bool isLoading READ isLoading NOTIFY isLoadingChanged)
+
+public:
+    /// Both must outlive the object.
+    EventsViewModel(EventStoreService &eventStore, const Environment &environment);
+
+    /// Ascending, each with at least one event, each event under the day it starts on and under no other; a day's events
+    /// in ascending order of their starts.
+    [[nodiscard]] const std::vector<DayEvents> &dayEvents() const { return m_dayEvents; }
+    [[nodiscard]] bool isLoading() const { return m_isLoading; }
+
+    /// Replaces dayEvents by what overlaps the range. An empty selection means every calendar.
+    [[nodiscard]] QCoro::Task<> fetchEvents(
+        Date from, Date to, QSet<QString> selectedCalendarIDs, HidePastEvents hidePastEvents);
+    void clear();
+
+    /// At most three different colours for each day that has events, by day key.
+    [[nodiscard]] QHash<QString, std::vector<Color>> eventColorsByDay() const;
+
+Q_SIGNALS:
+    void dayEventsChanged();
+    void isLoadingChanged();
+
+private:
+    [[nodiscard]] std::vector<DayEvents> grouped(
+        std::vector<FetchedEvent> fetched, const QSet<QString> &selection, HidePastEvents hidePastEvents) const;
+    void setLoading(bool isLoading);
+
+    EventStoreService &m_eventStore;
+    const Environment &m_environment;
+    std::vector<DayEvents> m_dayEvents;
+    bool m_isLoading = false;
+};
+
+} // namespace mintaro

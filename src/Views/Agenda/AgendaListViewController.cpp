@@ -1,0 +1,189 @@
+#include "Views/Agenda/AgendaListViewController.h"
+
+#include <QCoreApplication>
+#include <QLocale>
+
+namespace mintaro {
+
+void AgendaListViewController::setAppState(AppState *appState)
+{
+    m_appState = appState;
+    m_dayFormat = DateFormatter::withTemplate(QStringLiteral("EEEEMMMd"), appState->environment().locale());
+    connect(appState, &AppState::selectedDateChanged, this, &AgendaListViewController::update);
+    connect(appState, &AppState::hasCalendarAccessChanged, this, &AgendaListViewController::update);
+    connect(appState, &AppState::significantTimeChange, this, &AgendaListViewController::update);
+    // The label's tick: what has ended since the last one dims.
+    connect(appState, &AppState::nextEventChanged, this, &AgendaListViewController::update);
+    connect(&appState->eventsVM(), &EventsViewModel::dayEventsChanged, this, &AgendaListViewController::update);
+    connect(&appState->remindersVM(), &RemindersViewModel::remindersChanged, this, &AgendaListViewController::update);
+    update();
+}
+
+void AgendaListViewController::update()
+{
+    const auto days = m_appState->agendaEvents();
+    replaceRows(rows(days));
+    setState(!m_appState->hasCalendarAccess() ? NoAccess : days.empty() ? Empty : List);
+}
+
+void AgendaListViewController::setState(State state)
+{
+    if (std::exchange(m_state, state) != state)
+        Q_EMIT stateChanged();
+}
+
+std::vector<AgendaListViewController::Row> AgendaListViewController::rows(const std::vector<DayEvents> &days) const
+{
+    std::vector<Row> rows;
+    for (const DayEvents &day : days) {
+        rows.push_back(headerRow(day.date));
+        for (const CalendarEvent &event : day.events)
+            rows.push_back(itemRow(event, day.date));
+    }
+    return rows;
+}
+
+AgendaListViewController::Row AgendaListViewController::headerRow(Date day) const
+{
+    const Environment &environment = m_appState->environment();
+    const Calendar calendar = environment.calendar();
+    const Date now = environment.now();
+    const auto tomorrow = calendar.dateByAdding(Calendar::Component::Day, 1, now);
+    Row row;
+    row.key = dateKey(day, calendar);
+    row.isToday = calendar.isDateInSameDay(day, now);
+    if (row.isToday)
+        row.title = qtTrId("Today");
+    else if (tomorrow && calendar.isDateInSameDay(day, *tomorrow))
+        row.title = qtTrId("Tomorrow");
+    else
+        row.title = m_dayFormat->string(day, environment.timeZone());
+    row.title = QLocale(environment.locale().identifier()).toUpper(row.title);
+    return row;
+}
+
+AgendaListViewController::Row AgendaListViewController::itemRow(const CalendarEvent &event, Date day) const
+{
+    const Environment &environment = m_appState->environment();
+    Row row;
+    row.key = dateKey(day, environment.calendar()) + u'/' + event.id + u'/'
+        + QString::number(event.startDate.time_since_epoch().count());
+    row.kind = event.isReminder ? Reminder : Event;
+    row.title = event.title;
+    row.color = event.calendarColor;
+    if (event.isReminder) {
+        row.isCompleted = event.isCompleted;
+        row.hasLink = event.reminderURL.has_value();
+        return row;
+    }
+    row.timeRange = event.timeRange(environment.timeZone());
+    row.location = event.location.value_or(QString());
+    row.meetingInfo = event.meetingInfo;
+    row.isPast = event.endDate < environment.now();
+    return row;
+}
+
+void AgendaListViewController::replaceRows(std::vector<Row> rows)
+{
+    const auto sameKey = [](const Row &a, const Row &b) { return a.key == b.key; };
+    const auto heads = std::mismatch(m_rows.begin(), m_rows.end(), rows.begin(), rows.end(), sameKey);
+    const auto tails = std::mismatch(m_rows.rbegin(), std::make_reverse_iterator(heads.first), rows.rbegin(),
+        std::make_reverse_iterator(heads.second), sameKey);
+    const auto first = static_cast<int>(heads.first - m_rows.begin());
+    const auto lastOld = static_cast<int>(tails.first.base() - m_rows.begin()) - 1;
+    const auto lastNew = static_cast<int>(tails.second.base() - rows.begin()) - 1;
+
+    if (lastOld >= first) {
+        beginRemoveRows({}, first, lastOld);
+        m_rows.erase(m_rows.begin() + first, m_rows.begin() + lastOld + 1);
+        endRemoveRows();
+    }
+    if (lastNew >= first) {
+        beginInsertRows({}, first, lastNew);
+        m_rows.insert(m_rows.begin() + first, rows.begin() + first, rows.begin() + lastNew + 1);
+        endInsertRows();
+    }
+    for (std::size_t i = 0; i < m_rows.size(); ++i) {
+        if (m_rows[i] == rows[i])
+            continue;
+        m_rows[i] = std::move(rows[i]);
+        const QModelIndex changed = index(static_cast<int>(i));
+        Q_EMIT dataChanged(changed, changed);
+    }
+}
+
+void AgendaListViewController::joinMeeting(int row)
+{
+    const QModelIndex at = index(row);
+    if (!at.isValid())
+        return;
+    if (const auto &meeting = m_rows[static_cast<std::size_t>(row)].meetingInfo)
+        m_appState->openMeeting(*meeting);
+}
+
+void AgendaListViewController::openPrivacySettings()
+{
+    m_appState->openPrivacySettings();
+}
+
+int AgendaListViewController::rowCount(const QModelIndex &parent) const
+{
+    return parent.isValid() ? 0 : static_cast<int>(m_rows.size());
+}
+
+QVariant AgendaListViewController::data(const QModelIndex &index, int role) const
+{
+    if (!checkIndex(index, CheckIndexOption::IndexIsValid))
+        return {};
+    const Row &row = m_rows[static_cast<std::size_t>(index.row())];
+    switch (role) {
+    case KindRole:
+        return row.kind;
+    case TitleRole:
+        return row.title;
+    case IsTodayRole:
+        return row.isToday;
+    case TimeRangeRole:
+        return row.timeRange;
+    case LocationRole:
+        return row.location;
+    case ColorRole:
+        return row.color.hex();
+    case ServiceRole:
+        return row.meetingInfo ? row.meetingInfo->service : QString();
+    case ServiceSymbolRole:
+        return row.meetingInfo ? row.meetingInfo->systemImage : QString();
+    case IsPastRole:
+        return row.isPast;
+    case IsCompletedRole:
+        return row.isCompleted;
+    case HasLinkRole:
+        return row.hasLink;
+    case AccessibleNameRole:
+        return accessibleName(row);
+    default:
+        return {};
+    }
+}
+
+QHash<int, QByteArray> AgendaListViewController::roleNames() const
+{
+    return { { KindRole, "kind" }, { TitleRole, "title" }, { IsTodayRole, "isToday" },
+        { TimeRangeRole, "timeRange" }, { LocationRole, "location" }, { ColorRole, "calendarColor" },
+        { ServiceRole, "service" }, { ServiceSymbolRole, "serviceSymbol" }, { IsPastRole, "isPast" },
+        { IsCompletedRole, "isCompleted" }, { HasLinkRole, "hasLink" }, { AccessibleNameRole, "accessibleName" } };
+}
+
+QString AgendaListViewController::accessibleName(const Row &row) const
+{
+    QStringList parts { row.title };
+    if (row.kind == Reminder)
+        parts.append(row.isCompleted ? qtTrId("accessibility.completed") : qtTrId("accessibility.notCompleted"));
+    for (const QString &text : { row.timeRange, row.location }) {
+        if (!text.isEmpty())
+            parts.append(text);
+    }
+    return parts.join(QStringLiteral(", "));
+}
+
+} // namespace mintaro

@@ -1,0 +1,91 @@
+#pragma once
+
+#include "App/AppState.h"
+#include "Platform/Foundation/DateFormatter.h"
+
+#include <QAbstractListModel>
+#include <QtQml/qqmlregistration.h>
+
+namespace mintaro {
+
+/// The agenda as a flat list: a header for each day, under it a row for each event or reminder. A refresh changes only the
+/// rows that differ.
+class AgendaListViewController : public QAbstractListModel
+{
+    Q_OBJECT
+    QML_ELEMENT
+    Q_PROPERTY(mintaro::AppState *appState READ appState WRITE setAppState REQUIRED)
+    Q_PROPERTY(State state READ state NOTIFY stateChanged)
+
+public:
+    enum State { NoAccess, Empty, List };
+    Q_ENUM(State)
+    enum Kind { DaySection, Event, Reminder };
+    Q_ENUM(Kind)
+    enum Role {
+        KindRole = Qt::UserRole + 1,
+        TitleRole,
+        IsTodayRole,
+        TimeRangeRole,
+        LocationRole,
+        ColorRole,
+        ServiceRole,       ///< the meeting service's name, empty without a meeting
+        ServiceSymbolRole,
+        IsPastRole,
+        IsCompletedRole,
+        HasLinkRole,
+        AccessibleNameRole,
+    };
+    Q_ENUM(Role)
+
+    using QAbstractListModel::QAbstractListModel;
+
+    [[nodiscard]] AppState *appState() const { return m_appState; }
+    void setAppState(AppState *appState);
+    [[nodiscard]] State state() const { return m_state; }
+
+    /// Opens the meeting of the event in that row.
+    Q_INVOKABLE void joinMeeting(int row);
+    /// Opens what grants access to the calendars here.
+    Q_INVOKABLE void openPrivacySettings();
+
+    [[nodiscard]] int rowCount(const QModelIndex &parent = {}) const override;
+    [[nodiscard]] QVariant data(const QModelIndex &index, int role) const override;
+    [[nodiscard]] QHash<int, QByteArray> roleNames() const override;
+
+Q_SIGNALS:
+    void stateChanged();
+
+private:
+    struct Row
+    {
+        /// What tells one row from another over refreshes.
+        QString key;
+        Kind kind = DaySection;
+        QString title;
+        bool isToday = false;
+        QString timeRange;
+        QString location;
+        Color color;
+        std::optional<MeetingInfo> meetingInfo;
+        bool isPast = false;
+        bool isCompleted = false;
+        bool hasLink = false;
+        friend bool operator==(const Row &, const Row &) = default;
+    };
+
+    void update();
+    void setState(State state);
+    [[nodiscard]] std::vector<Row> rows(const std::vector<DayEvents> &days) const;
+    [[nodiscard]] Row headerRow(Date day) const;
+    [[nodiscard]] Row itemRow(const CalendarEvent &event, Date day) const;
+    [[nodiscard]] QString accessibleName(const Row &row) const;
+    void replaceRows(std::vector<Row> rows);
+
+    AppState *m_appState = nullptr;
+    std::optional<DateFormatter> m_dayFormat;
+    std::vector<Row> m_rows;
+    State m_state = NoAccess;
+};
+
+} // namespace mintaro

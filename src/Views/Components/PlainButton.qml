@@ -1,0 +1,29 @@
+import QtQuick
+import QtQuick.Templates as T
+
+import Mintaro
+
+/// A button without a face of its own: hover, press and keyboard focus show as a quiet ground behind its content.
+T.AbstractButton {
+    id: root
+
+    required property string accessibleName
+    property real groundRadius: Theme.controlRadius
+
+    implicitWidth: implicitContentWidth + leftPadding + rightPadding
+    implicitHeight: implicitContentHeight + topPadding + bottomPadding
+    hoverEnabled: true
+    focusPolicy: Qt.TabFocus
+    Accessible.role: Accessible.Button
+    Accessible.name: root.accessibleName
+    Accessible.onPressAction: root.clicked()
+    Keys.onReturnPressed: root.clicked()
+    Keys.onEnterPressed: root.clicked()
+
+    background: Rectangle {
+        radius: root.groundRadius
+        color: root.pressed ? Theme.press : root.hovered ? Theme.hover : "transparent"
+        border.width: root.visualFocus ? 2 : 0
+        border.color: Theme.accentText
+    }
+}

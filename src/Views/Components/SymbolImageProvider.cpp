@@ -1,0 +1,93 @@
+#include "Views/Components/SymbolImageProvider.h"
+
+#include "Platform/Foundation/Logger.h"
+
+#include <QHash>
+#include <QPainter>
+#include <QSvgRenderer>
+
+namespace mintaro {
+
+namespace {
+
+/// From the names that the program uses to the files of the symbol set.
+const QHash<QString, QString> &symbolFiles()
+{
+    static const QHash<QString, QString> files {
+        { QStringLiteral("bubble.left.and.bubble.right.fill"), QStringLiteral("chat-dots-fill") },
+        { QStringLiteral("calendar"), QStringLiteral("calendar3") },
+        { QStringLiteral("calendar.badge.checkmark"), QStringLiteral("calendar2-check") },
+        { QStringLiteral("checkmark.circle.fill"), QStringLiteral("check-circle-fill") },
+        { QStringLiteral("chevron.left"), QStringLiteral("chevron-left") },
+        { QStringLiteral("chevron.right"), QStringLiteral("chevron-right") },
+        { QStringLiteral("circle"), QStringLiteral("circle") },
+        { QStringLiteral("headphones.circle.fill"), QStringLiteral("headphones") },
+        { QStringLiteral("link"), QStringLiteral("link-45deg") },
+        { QStringLiteral("lock.shield"), QStringLiteral("shield-lock") },
+        { QStringLiteral("person.3.fill"), QStringLiteral("people-fill") },
+        { QStringLiteral("phone.fill"), QStringLiteral("telephone-fill") },
+        { QStringLiteral("play.rectangle.fill"), QStringLiteral("play-btn-fill") },
+        { QStringLiteral("video.fill"), QStringLiteral("camera-video-fill") },
+    };
+    return files;
+}
+
+void tint(QImage &image, const QColor &color)
+{
+    QPainter painter(&image);
+    painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
+    painter.fillRect(image.rect(), color);
+}
+
+/// A filled disc out of which the symbol is cut, for names that end in ".circle.fill" and have no file of their own.
+QImage cutOutOfDisc(QSvgRenderer &symbol, int size)
+{
+    QImage disc(size, size, QImage::Format_ARGB32_Premultiplied);
+    disc.fill(Qt::transparent);
+    QPainter painter(&disc);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(Qt::black);
+    painter.drawEllipse(disc.rect());
+    painter.setCompositionMode(QPainter::CompositionMode_DestinationOut);
+    const double inset = size * 0.22;
+    symbol.render(&painter, QRectF(disc.rect()).adjusted(inset, inset, -inset, -inset));
+    return disc;
+}
+
+} // namespace
+
+SymbolImageProvider::SymbolImageProvider()
+    : QQuickImageProvider(QQuickImageProvider::Pixmap)
+{
+}
+
+QImage SymbolImageProvider::image(const QString &name, const QColor &color, int size)
+{
+    QImage image(size, size, QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
+    QSvgRenderer symbol(QStringLiteral(":/symbols/%1.svg").arg(symbolFiles().value(name)));
+    if (!symbol.isValid()) {
+        Logger(QStringLiteral("Views")).error(QStringLiteral("There is no symbol \"%1\"").arg(name));
+        return image;
+    }
+    if (name == QLatin1String("headphones.circle.fill")) {
+        image = cutOutOfDisc(symbol, size);
+    } else {
+        QPainter painter(&image);
+        symbol.render(&painter, image.rect());
+    }
+    tint(image, color);
+    return image;
+}
+
+QPixmap SymbolImageProvider::requestPixmap(const QString &id, QSize *size, const QSize &requestedSize)
+{
+    const qsizetype mark = id.lastIndexOf(u'?');
+    const int pixels = std::max(1, requestedSize.width());
+    if (size)
+        *size = QSize(pixels, pixels);
+    return QPixmap::fromImage(image(id.left(mark), QColor(u'#' + id.mid(mark + 1)), pixels));
+}
+
+} // namespace mintaro

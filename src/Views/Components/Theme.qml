@@ -1,0 +1,67 @@
+pragma Singleton
+
+import QtQuick
+
+import Mintaro
+
+/// Colours, text styles and measures of all views. Whatever has a name here stands nowhere else as a literal.
+QtObject {
+    id: root
+
+    readonly property bool dark: ThemeController.isDark
+
+    // Colours
+    readonly property color background: root.dark ? "#242427" : "#f7f7f8"
+    readonly property color clearBackground: Qt.rgba(root.background.r, root.background.g, root.background.b, 0)
+    readonly property color border: root.ink(root.dark ? 0.20 : 0.14)
+    readonly property color separator: root.ink(root.dark ? 0.11 : 0.09)
+    readonly property color primary: root.ink(root.dark ? 0.89 : 0.87)
+    readonly property color secondary: root.ink(root.dark ? 0.64 : 0.61)
+    readonly property color tertiary: root.ink(root.dark ? 0.54 : 0.58)
+    readonly property color accentFill: ThemeController.accentFill
+    readonly property color accentText: ThemeController.accentText
+    readonly property color onAccent: "#ffffff"
+    readonly property color blue: root.dark ? "#6aabff" : "#0059d6"
+    readonly property color badge: Qt.rgba(root.blue.r, root.blue.g, root.blue.b, 0.10)
+    readonly property color sectionBand: root.ink(root.dark ? 0.05 : 0.03)
+    readonly property color hover: root.ink(root.dark ? 0.08 : 0.06)
+    readonly property color press: root.ink(root.dark ? 0.15 : 0.11)
+
+    // Text styles
+    readonly property string family: "Inter"
+    readonly property font title3: Qt.font({ family: root.family, pixelSize: 15 })
+    readonly property font headline: Qt.font({ family: root.family, pixelSize: 13, weight: Font.DemiBold })
+    readonly property font body: Qt.font({ family: root.family, pixelSize: 13 })
+    readonly property font bodyBold: Qt.font({ family: root.family, pixelSize: 13, weight: Font.Bold })
+    readonly property font labelText: Qt.font({ family: root.family, pixelSize: 13, weight: Font.Medium })
+    readonly property font callout: Qt.font({ family: root.family, pixelSize: 12 })
+    readonly property font caption: Qt.font({ family: root.family, pixelSize: 10 })
+    readonly property font captionSemibold: Qt.font({ family: root.family, pixelSize: 10, weight: Font.DemiBold })
+    readonly property font caption2: Qt.font({ family: root.family, pixelSize: 10, weight: Font.Medium })
+
+    // Measures, in points
+    readonly property int popoverWidth: 320
+    readonly property int popoverHeight: 480
+    readonly property int agendaHeight: 200
+    readonly property int fadeHeight: 14
+    readonly property int margin: 12
+    readonly property int gridMargin: 8
+    readonly property int weekNumberWidth: 20
+    readonly property int cellHeight: 32
+    readonly property int dotsSpacing: 2
+    /// What a day's dots take below its number, their spacing included.
+    readonly property int dotsHeight: 8
+    readonly property int cornerRadius: 12
+    readonly property int chipRadius: 6
+    readonly property int controlRadius: 5
+    readonly property int badgeRadius: 3
+    readonly property int barRadius: 2
+    readonly property real pastOpacity: 0.5
+    readonly property real neighbourOpacity: 0.4
+    readonly property int monthAnimation: 200
+
+    /// Black on light grounds, white on dark ones, at this opacity.
+    function ink(opacity: real): color {
+        return root.dark ? Qt.rgba(1, 1, 1, opacity) : Qt.rgba(0, 0, 0, opacity);
+    }
+}

@@ -1,0 +1,44 @@
+import QtQuick
+
+import Mintaro
+
+FocusScope {
+    id: root
+
+    required property AppState appState
+
+    width: Theme.popoverWidth
+    height: Theme.popoverHeight
+    focus: true
+
+    Rectangle {
+        anchors.fill: parent
+        radius: Theme.cornerRadius
+        color: Theme.background
+        border.width: 1
+        border.color: Theme.border
+    }
+
+    MonthNavigationBar {
+        id: bar
+        appState: root.appState
+        width: parent.width
+    }
+    CalendarGridView {
+        id: grid
+        appState: root.appState
+        anchors { left: parent.left; right: parent.right; top: bar.bottom; bottom: divider.top; leftMargin: Theme.gridMargin; rightMargin: Theme.gridMargin; bottomMargin: 2 }
+    }
+    Rectangle {
+        id: divider
+        anchors { left: parent.left; right: parent.right; bottom: agenda.top; leftMargin: Theme.gridMargin; rightMargin: Theme.gridMargin }
+        height: 1
+        color: Theme.separator
+    }
+    AgendaListView {
+        id: agenda
+        appState: root.appState
+        anchors { left: parent.left; right: parent.right; bottom: parent.bottom; bottomMargin: Theme.cornerRadius }
+        height: Theme.agendaHeight
+    }
+}

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "Views/Components/ThemeController.h"
+#include "Views/Main/MenuBarLabel.h"
+
+#include <QQmlEngine>
+#include <QQuickItem>
+
+#include <memory>
+
+namespace mintaro {
+
+/// The QML engine with all that the views need, and a maker of the views that stand by themselves. For the main thread.
+class ViewEngine
+{
+public:
+    /// All must outlive the object and the items that it makes.
+    ViewEngine(AppState &appState, MenuBarLabel &label, const Appearance &appearance);
+
+    /// Null, with a log line, where the view does not load, which is a fault of the build.
+    [[nodiscard]] std::unique_ptr<QQuickItem> makeMainPopoverView();
+    [[nodiscard]] std::unique_ptr<QQuickItem> makeMenuBarLabel();
+
+private:
+    [[nodiscard]] std::unique_ptr<QQuickItem> make(const QString &view, const QVariantMap &properties);
+
+    AppState &m_appState;
+    MenuBarLabel &m_label;
+    ThemeController m_theme;
+    QQmlEngine m_engine;
+};
+
+} // namespace mintaro

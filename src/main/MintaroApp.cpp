@@ -1,0 +1,126 @@
+#include "main/MintaroApp.h"
+
+#include "Extensions/DateHelpers.h"
+
+#include <QCoreApplication>
+
+namespace mintaro {
+
+namespace {
+
+constexpr std::size_t kMostMeetingsInMenu = 3;
+
+MenuItem separator()
+{
+    MenuItem item;
+    item.isSeparator = true;
+    return item;
+}
+
+} // namespace
+
+MintaroApp::MintaroApp(const ContextOptions &options)
+    : m_context(options)
+    , m_timeMonitor(m_context.environment())
+    , m_appState(m_context.dependencies(m_workspace))
+    , m_label(m_appState)
+{
+    connect(&m_label, &MenuBarLabel::changed, this, &MintaroApp::updateStatusItem);
+    connect(&m_appState, &AppState::nextEventChanged, this, [this] {
+        updateStatusItem();
+        updateMenu();
+    });
+    connect(&m_statusItem, &StatusItem::activated, this,
+        [this](std::optional<QPoint> where) { popover().toggleAt(where); });
+    connect(&m_statusItem, &StatusItem::hostChanged, this, &MintaroApp::onHostChanged);
+    connect(&m_appState, &AppState::monthDateChanged, this, [this] {
+        if (m_popover && m_popover->isVisible())
+            m_appState.refreshAll();
+    });
+}
+
+MintaroApp::~MintaroApp() = default;
+
+void MintaroApp::start()
+{
+    updateStatusItem();
+    updateMenu();
+    m_statusItem.start();
+    m_label.appear();
+}
+
+void MintaroApp::showPopover(std::optional<QPoint> anchor)
+{
+    popover().showAt(anchor);
+}
+
+void MintaroApp::updateStatusItem()
+{
+    m_statusItem.setContent({ .day = m_label.day(),
+        .label = m_label.text(),
+        .title = m_label.text(),
+        .toolTip = m_label.toolTip() });
+}
+
+void MintaroApp::updateMenu()
+{
+    std::vector<MenuItem> items;
+    items.push_back({ .title = qtTrId("Show Calendar"), .action = [this] { showPopover(std::nullopt); } });
+    items.push_back(separator());
+    for (const CalendarEvent &event : m_appState.upcomingEvents()) {
+        if (!event.meetingInfo)
+            continue;
+        const QString time = clockReading(event.startDate, m_context.environment().timeZone());
+        items.push_back({ .title = qtTrId("menu.join %@ %@ %@").arg(time, event.title, event.meetingInfo->service),
+            .action = [this, meeting = *event.meetingInfo] { m_appState.openMeeting(meeting); } });
+        if (items.size() == kMostMeetingsInMenu + 2)
+            break;
+    }
+    if (items.size() > 2)
+        items.push_back(separator());
+    items.push_back({ .title = qtTrId("Quit"), .action = [] { QCoreApplication::quit(); } });
+    m_statusItem.setMenu(std::move(items));
+}
+
+void MintaroApp::onHostChanged(StatusHost host)
+{
+    if (host != StatusHost::None) {
+        m_chip.reset();
+        m_chipContent.reset();
+        return;
+    }
+    if (m_chip)
+        return;
+    m_chipContent = views().makeMenuBarLabel();
+    if (!m_chipContent)
+        return;
+    m_chip = std::make_unique<PanelChip>();
+    connect(m_chip.get(), &PanelChip::clicked, this, [this](QPoint where) { popover().toggleAt(where); });
+    m_chip->setContent(m_chipContent.get());
+    m_chip->showChip();
+}
+
+ViewEngine &MintaroApp::views()
+{
+    if (!m_views)
+        m_views = std::make_unique<ViewEngine>(m_appState, m_label, m_appearance);
+    return *m_views;
+}
+
+PopoverWindow &MintaroApp::popover()
+{
+    if (m_popover)
+        return *m_popover;
+    m_popoverContent = views().makeMainPopoverView();
+    m_popover = std::make_unique<PopoverWindow>();
+    m_popover->setContent(m_popoverContent.get());
+    connect(m_popover.get(), &PopoverWindow::opened, this, [this] {
+        m_appState.setPopoverVisible(true);
+        m_appState.requestAccessAndLoad();
+        m_appState.watchStoreChanges();
+    });
+    connect(m_popover.get(), &PopoverWindow::closed, this, [this] { m_appState.setPopoverVisible(false); });
+    return *m_popover;
+}
+
+} // namespace mintaro

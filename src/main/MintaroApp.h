@@ -1,0 +1,50 @@
+#pragma once
+
+#include "App/AppContext.h"
+#include "Platform/AppKit/Appearance.h"
+#include "Platform/AppKit/DesktopWorkspace.h"
+#include "Platform/AppKit/PanelChip.h"
+#include "Platform/AppKit/PopoverWindow.h"
+#include "Platform/AppKit/StatusItem.h"
+#include "Platform/Foundation/SystemTimeMonitor.h"
+#include "Views/Main/MenuBarLabel.h"
+#include "Views/ViewEngine.h"
+
+namespace mintaro {
+
+/// The program: builds everything, wires it and owns it. There is no main window: the panel item with its popover is the
+/// application. The QML engine exists from the popover's first opening on.
+class MintaroApp : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit MintaroApp(const ContextOptions &options);
+    ~MintaroApp() override;
+
+    /// Shows the item and begins to load.
+    void start();
+    void showPopover(std::optional<QPoint> anchor);
+
+private:
+    void updateStatusItem();
+    void updateMenu();
+    void onHostChanged(StatusHost host);
+    [[nodiscard]] ViewEngine &views();
+    [[nodiscard]] PopoverWindow &popover();
+
+    AppContext m_context;
+    SystemTimeMonitor m_timeMonitor;
+    DesktopWorkspace m_workspace;
+    Appearance m_appearance;
+    AppState m_appState;
+    MenuBarLabel m_label;
+    StatusItem m_statusItem;
+    std::unique_ptr<ViewEngine> m_views;
+    std::unique_ptr<PopoverWindow> m_popover;
+    std::unique_ptr<QQuickItem> m_popoverContent;
+    std::unique_ptr<PanelChip> m_chip;
+    std::unique_ptr<QQuickItem> m_chipContent;
+};
+
+} // namespace mintaro

@@ -1,0 +1,128 @@
+#include "main/Pictures.h"
+
+#include "Platform/AppKit/Appearance.h"
+#include "Platform/AppKit/Workspace.h"
+#include "Views/Main/MenuBarLabel.h"
+#include "Views/ViewEngine.h"
+
+#include <QCoroTask>
+#include <QDir>
+#include <QGuiApplication>
+#include <QPainter>
+#include <QPalette>
+#include <QQuickWindow>
+
+#include <stdexcept>
+
+namespace mintaro {
+
+namespace {
+
+/// Pictures open nothing.
+class NoWorkspace final : public Workspace
+{
+public:
+    void open(const URL &) override { }
+    [[nodiscard]] QCoro::Task<bool> hasHandler(QString) override { co_return false; }
+};
+
+constexpr int kDaysToOtherSelection = 2;
+constexpr int kMarginAround = 16;
+
+class Studio
+{
+public:
+    Studio(const PictureJob &job, const QString &look)
+        : m_job(job)
+        , m_look(look)
+        , m_context(job.options)
+        , m_appearance(QDBusConnection(QStringLiteral("no bus: the palette decides")))
+        , m_appState(m_context.dependencies(m_workspace))
+        , m_label(m_appState)
+        , m_views(m_appState, m_label, m_appearance)
+    {
+    }
+
+    QStringList draw()
+    {
+        const auto popover = m_views.makeMainPopoverView();
+        const auto label = m_views.makeMenuBarLabel();
+        if (!popover || !label)
+            throw std::runtime_error("a view does not load");
+        save(*popover, QStringLiteral("popover-noaccess"));
+        QCoro::waitFor(m_appState.requestAccessAndLoad());
+        save(*label, QStringLiteral("label"));
+        save(*popover, QStringLiteral("popover"));
+        const Calendar calendar = m_context.environment().calendar();
+        m_appState.selectDay(*calendar.dateByAdding(
+            Calendar::Component::Day, kDaysToOtherSelection, m_context.environment().now()));
+        save(*popover, QStringLiteral("popover-selected"));
+        m_context.defaults().setBool(true, QStringLiteral("ShowWeekNumbers"));
+        select(QStringLiteral("nothing of that name"));
+        save(*popover, QStringLiteral("popover-empty"));
+        for (const auto &[key, value] : m_context.defaults().dictionaryRepresentation().toStdMap())
+            m_context.defaults().removeObjectForKey(key);
+        return m_files;
+    }
+
+private:
+    /// Shows only the calendars and reminder lists of that identifier.
+    void select(const QString &identifier)
+    {
+        m_context.defaults().setStringArray({ identifier }, QStringLiteral("SelectedCalendars"));
+        m_context.defaults().setStringArray({ identifier }, QStringLiteral("SelectedReminderLists"));
+        QCoro::waitFor(m_appState.refreshAll());
+    }
+
+    void save(QQuickItem &item, const QString &name)
+    {
+        QQuickWindow window;
+        window.setColor(m_look == QLatin1String("dark") ? QColor(0x5b6b7f) : QColor(0x8fa3b8));
+        item.setParentItem(window.contentItem());
+        item.setPosition({ kMarginAround, kMarginAround });
+        const auto edge = [](double length) { return static_cast<int>(std::ceil(length)) + 2 * kMarginAround; };
+        window.resize(edge(item.width()), edge(item.height()));
+        window.show();
+        // Animations that loading began are to have ended.
+        settle();
+        const QImage picture = window.grabWindow();
+        item.setParentItem(nullptr);
+        const QString file = QStringLiteral("%1/%2-%3-%4.png").arg(m_job.folder, name, m_look, m_job.language);
+        if (!picture.save(file))
+            throw std::runtime_error("cannot write " + file.toStdString());
+        m_files.append(file);
+    }
+
+    static void settle()
+    {
+        QEventLoop loop;
+        QTimer::singleShot(std::chrono::milliseconds { 300 }, &loop, &QEventLoop::quit);
+        loop.exec();
+    }
+
+    const PictureJob &m_job;
+    QString m_look;
+    NoWorkspace m_workspace;
+    AppContext m_context;
+    Appearance m_appearance;
+    AppState m_appState;
+    MenuBarLabel m_label;
+    ViewEngine m_views;
+    QStringList m_files;
+};
+
+} // namespace
+
+QStringList drawPictures(const PictureJob &job)
+{
+    if (!QDir().mkpath(job.folder))
+        throw std::runtime_error("cannot make " + job.folder.toStdString());
+    QStringList files;
+    for (const auto &[look, ground] : { std::pair { "light", Qt::white }, std::pair { "dark", Qt::black } }) {
+        QGuiApplication::setPalette(QPalette(ground));
+        files += Studio(job, QLatin1String(look)).draw();
+    }
+    return files;
+}
+
+} // namespace mintaro

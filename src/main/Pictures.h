@@ -1,0 +1,22 @@
+#pragma once
+
+#include "App/AppContext.h"
+
+#include <QString>
+
+namespace mintaro {
+
+/// Which looks to draw, and where to put the pictures.
+struct PictureJob
+{
+    ContextOptions options;
+    QString folder;
+    /// Part of the file names, as in popover-light-en.png.
+    QString language;
+};
+
+/// Draws label and popover in light and dark on the job's store, off screen, at twice the size. Gives the files written;
+/// throws std::runtime_error where something does not load or cannot be written. Runs an event loop until all is loaded.
+[[nodiscard]] QStringList drawPictures(const PictureJob &job);
+
+} // namespace mintaro

@@ -1,0 +1,81 @@
+#pragma once
+
+#include "Platform/EventKit/StoreBackend.h"
+
+#include <utility>
+
+namespace mintaro {
+
+/// A store in memory. `tell` plays the part of the backend's thread.
+class MemoryBackend final : public StoreBackend
+{
+public:
+    struct Object
+    {
+        QByteArray text;
+        std::int64_t revision = 1;
+    };
+
+    bool isAccessible = true;
+    std::vector<StoreCollection> held;
+    std::map<QString, std::map<QString, Object>> contents;
+    int reads = 0;
+
+    StoreCollection &addCollection(const QString &identifier)
+    {
+        StoreCollection collection;
+        collection.identifier = identifier;
+        collection.title = identifier;
+        held.push_back(collection);
+        return held.back();
+    }
+
+    void put(const QString &collection, const QString &name, const QByteArray &text)
+    {
+        Object &object = contents[collection][name];
+        object.text = text;
+        ++object.revision;
+    }
+
+    void tell(const StoreChanges &changes) const { m_handler(changes); }
+
+    [[nodiscard]] bool requestAccess() override { return isAccessible; }
+    [[nodiscard]] std::vector<StoreCollection> collections() override { return held; }
+
+    [[nodiscard]] std::vector<ObjectState> objects(const QString &collection) override
+    {
+        std::vector<ObjectState> states;
+        for (const auto &[name, object] : contents[collection])
+            states.push_back({ name, { object.revision, 0, 0 } });
+        return states;
+    }
+
+    [[nodiscard]] std::optional<ObjectState> object(const QString &collection, const QString &name) override
+    {
+        const auto &objects = contents[collection];
+        const auto found = objects.find(name);
+        if (found == objects.end())
+            return std::nullopt;
+        return ObjectState { name, { found->second.revision, 0, 0 } };
+    }
+
+    [[nodiscard]] std::optional<QByteArray> read(const QString &collection, const QString &name) override
+    {
+        ++reads;
+        const auto &objects = contents[collection];
+        const auto found = objects.find(name);
+        return found == objects.end() ? std::nullopt : std::optional(found->second.text);
+    }
+
+    [[nodiscard]] QString describe(const QString &collection, const QString &name) const override
+    {
+        return collection + u'/' + name;
+    }
+
+    void watch(std::function<void(const StoreChanges &)> handler) override { m_handler = std::move(handler); }
+
+private:
+    std::function<void(const StoreChanges &)> m_handler;
+};
+
+} // namespace mintaro

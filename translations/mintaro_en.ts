@@ -1,0 +1,95 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="en" sourcelanguage="en">
+<context>
+    <name></name>
+    <message id="countdown.now">
+        <source>countdown.now</source>
+        <translation>now</translation>
+    </message>
+    <message id="countdown.relative.minutes %lld">
+        <source>countdown.relative.minutes %lld</source>
+        <translation>in %1 min</translation>
+    </message>
+    <message id="countdown.relative.hours %lld">
+        <source>countdown.relative.hours %lld</source>
+        <translation>in %1 h</translation>
+    </message>
+    <message id="countdown.relative.hoursMinutes %lld %lld">
+        <source>countdown.relative.hoursMinutes %lld %lld</source>
+        <translation>in %1 h %2 min</translation>
+    </message>
+    <message id="All Day">
+        <source>All Day</source>
+        <translation>All Day</translation>
+    </message>
+    <message id="Untitled">
+        <source>Untitled</source>
+        <translation>Untitled</translation>
+    </message>
+    <message id="Today">
+        <source>Today</source>
+        <translation>Today</translation>
+    </message>
+    <message id="Tomorrow">
+        <source>Tomorrow</source>
+        <translation>Tomorrow</translation>
+    </message>
+    <message id="W">
+        <source>W</source>
+        <translation>W</translation>
+    </message>
+    <message id="No upcoming events">
+        <source>No upcoming events</source>
+        <translation>No upcoming events</translation>
+    </message>
+    <message id="Calendar access not granted">
+        <source>Calendar access not granted</source>
+        <translation>Calendar access not granted</translation>
+    </message>
+    <message id="Open Privacy Settings">
+        <source>Open Privacy Settings</source>
+        <translation>Open Calendar Configuration</translation>
+    </message>
+    <message id="Join %@">
+        <source>Join %@</source>
+        <translation>Join %1</translation>
+    </message>
+    <message id="Previous Month">
+        <source>Previous Month</source>
+        <translation>Previous Month</translation>
+    </message>
+    <message id="Next Month">
+        <source>Next Month</source>
+        <translation>Next Month</translation>
+    </message>
+    <message id="Loading">
+        <source>Loading</source>
+        <translation>Loading</translation>
+    </message>
+    <message id="Show Calendar">
+        <source>Show Calendar</source>
+        <translation>Show Calendar</translation>
+    </message>
+    <message id="menu.join %@ %@ %@">
+        <source>menu.join %@ %@ %@</source>
+        <translation>%1 %2 – Join %3</translation>
+    </message>
+    <message id="Quit">
+        <source>Quit</source>
+        <translation>Quit</translation>
+    </message>
+    <message id="accessibility.hasEvents">
+        <source>accessibility.hasEvents</source>
+        <translation>has events</translation>
+    </message>
+    <message id="accessibility.completed">
+        <source>accessibility.completed</source>
+        <translation>completed</translation>
+    </message>
+    <message id="accessibility.notCompleted">
+        <source>accessibility.notCompleted</source>
+        <translation>to do</translation>
+    </message>
+</context>
+</TS>
