@@ -6,6 +6,7 @@
 
 #include <QCommandLineParser>
 #include <QDateTime>
+#include <QFileInfo>
 
 #include <stdexcept>
 
@@ -74,8 +75,8 @@ ContextOptions ContextOptions::from(const QCommandLineParser &parser)
     if (const auto name = value("locale"))
         options.locale = Locale::fromIdentifier(*name);
     if (const auto text = value("now"))
-        options.now = required(
-            dateFromIso8601(*text, options.timeZone ? *options.timeZone : TimeZone::system()), "now", *text);
+        options.now
+            = required(dateFromIso8601(*text, options.timeZone ? *options.timeZone : TimeZone::system()), "now", *text);
     return options;
 }
 
@@ -93,6 +94,11 @@ AppContext::AppContext(const ContextOptions &options)
 }
 
 AppContext::~AppContext() = default;
+
+QString AppContext::calendarConfigurationFolder()
+{
+    return QFileInfo(StoreConfiguration::filePath(BaseFolders::fromEnvironment())).path();
+}
 
 AppState::Dependencies AppContext::dependencies(Workspace &workspace)
 {

@@ -41,6 +41,8 @@ public:
     [[nodiscard]] Environment &environment() { return m_environment; }
     [[nodiscard]] UserDefaults &defaults() { return m_defaults; }
     [[nodiscard]] const std::shared_ptr<CalendarDatabase> &database() const { return m_database; }
+    /// The folder of store.conf, which names the calendars that the program may see.
+    [[nodiscard]] static QString calendarConfigurationFolder();
     /// `workspace` must outlive the result.
     [[nodiscard]] AppState::Dependencies dependencies(Workspace &workspace);
 

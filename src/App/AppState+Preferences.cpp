@@ -63,7 +63,8 @@ void AppState::setMeetingNotificationsEnabled(bool isEnabled)
 
 int AppState::meetingNotificationMinutes() const
 {
-    return positive(m_defaults.integerForKey(QStringLiteral("MeetingNotificationMinutes")), kDefaultNotificationMinutes);
+    return positive(
+        m_defaults.integerForKey(QStringLiteral("MeetingNotificationMinutes")), kDefaultNotificationMinutes);
 }
 
 void AppState::setMeetingNotificationMinutes(int minutes)

@@ -206,12 +206,13 @@ void AppState::onPreferenceChanged(const QString &key)
 
 void AppState::openMeeting(const MeetingInfo &meeting)
 {
-    QCoro::connect(m_meetingOpener.open(meeting), this, [] { });
+    QCoro::connect(m_meetingOpener.open(meeting), this, [] {});
 }
 
 void AppState::openPrivacySettings()
 {
-    static const QString url = QStringLiteral("x-apple.systempreferences:com.apple.preference.security?Privacy_Calendars");
+    static const QString url
+        = QStringLiteral("x-apple.systempreferences:com.apple.preference.security?Privacy_Calendars");
     if (const auto privacy = URL::fromString(url))
         m_workspace.open(*privacy);
 }

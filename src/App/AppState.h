@@ -18,8 +18,8 @@ namespace mintaro {
 class CalendarDatabase;
 
 /// The one central model: it owns services and view models, holds what the label and the popover show, and runs the
-/// refresh cycle. Lives as long as the process; every member belongs to the main thread. A write of an equal value tells
-/// nobody.
+/// refresh cycle. Lives as long as the process; every member belongs to the main thread. A write of an equal value
+/// tells nobody.
 class AppState : public QObject
 {
     Q_OBJECT
@@ -52,8 +52,8 @@ public:
     /// Empty when there is no next event.
     [[nodiscard]] const QString &countdownText() const { return m_countdownText; }
     [[nodiscard]] bool hasCalendarAccess() const { return m_hasCalendarAccess; }
-    /// The 14 days from the selected one as far as they were fetched, each with its events and dated reminders; computed at
-    /// each call.
+    /// The 14 days from the selected one as far as they were fetched, each with its events and dated reminders;
+    /// computed at each call.
     [[nodiscard]] std::vector<DayEvents> agendaEvents() const;
 
     [[nodiscard]] CalendarViewModel *calendarVM() { return &m_calendarVM; }
@@ -84,8 +84,8 @@ public:
     /// The timed events from now to a week from now that are not over, in ascending order of their starts.
     [[nodiscard]] std::vector<CalendarEvent> upcomingEvents() const;
 
-    /// While the popover shows, a new day leaves the selection alone; while it does not, what showed the old today moves on
-    /// to the new one.
+    /// While the popover shows, a new day leaves the selection alone; while it does not, what showed the old today
+    /// moves on to the new one.
     void setPopoverVisible(bool isVisible);
 
     // Actions

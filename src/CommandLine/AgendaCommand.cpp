@@ -43,7 +43,8 @@ int AgendaCommand::run(const QCommandLineParser &arguments)
         state.appState().setSelectedDate(*from);
         QCoro::waitFor(state.appState().refreshAll());
     }
-    const DateFormatter dayFormat = DateFormatter::withTemplate(QStringLiteral("EEEEdMMMMy"), state.environment().locale());
+    const DateFormatter dayFormat
+        = DateFormatter::withTemplate(QStringLiteral("EEEEdMMMMy"), state.environment().locale());
     for (const DayEvents &day : state.appState().agendaEvents()) {
         const QString heading = dayFormat.string(day.date, timeZone);
         QJsonArray items;

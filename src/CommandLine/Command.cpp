@@ -40,7 +40,7 @@ bool printJson(const QJsonObject &object)
 
 LoadedState::LoadedState(const QCommandLineParser &arguments)
     : m_context(ContextOptions::from(arguments))
-    , m_workspace(std::make_unique<DesktopWorkspace>())
+    , m_workspace(std::make_unique<DesktopWorkspace>(AppContext::calendarConfigurationFolder()))
     , m_appState(std::make_unique<AppState>(m_context.dependencies(*m_workspace)))
 {
     QCoro::waitFor(m_appState->requestAccessAndLoad());

@@ -57,7 +57,8 @@ private:
     std::unique_ptr<AppState> m_appState;
 };
 
-/// A record as programs get it: title, start, end (local ISO 8601 with offset), allDay, calendar, location, meeting, ...
+/// A record as programs get it: title, start, end (local ISO 8601 with offset), allDay, calendar, location, meeting,
+/// ...
 [[nodiscard]] QJsonObject toJson(const CalendarEvent &event, const TimeZone &timeZone);
 
 } // namespace mintaro

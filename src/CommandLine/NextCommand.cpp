@@ -23,7 +23,8 @@ int NextCommand::run(const QCommandLineParser &arguments)
             object.insert(QStringLiteral("countdown"), state.appState().countdownText());
         printJson(object);
     } else if (next) {
-        printLine(QStringLiteral("%1 %2 (%3)").arg(next->title, state.appState().countdownText(), next->timeRange(timeZone)));
+        printLine(
+            QStringLiteral("%1 %2 (%3)").arg(next->title, state.appState().countdownText(), next->timeRange(timeZone)));
     }
     return next ? 0 : 1;
 }

@@ -13,7 +13,9 @@ namespace {
 
 QString escaped(QString text)
 {
-    text.replace(u'\\', QLatin1String("\\\\")).replace(u'\n', QLatin1String("\\n")).replace(u'\t', QLatin1String("\\t"));
+    text.replace(u'\\', QLatin1String("\\\\"))
+        .replace(u'\n', QLatin1String("\\n"))
+        .replace(u'\t', QLatin1String("\\t"));
     return text.remove(u'\r');
 }
 
@@ -46,8 +48,8 @@ Range rangeOf(const EKEvent &event, const Calendar &calendar)
 {
     if (!event.isAllDay())
         return { instantText(event.startDate()), instantText(event.endDate()) };
-    const Date dayAfter
-        = calendar.dateByAdding(Calendar::Component::Day, 1, calendar.startOfDay(event.endDate())).value_or(event.endDate());
+    const Date dayAfter = calendar.dateByAdding(Calendar::Component::Day, 1, calendar.startOfDay(event.endDate()))
+                              .value_or(event.endDate());
     return { dayText(calendar.components(event.startDate())), dayText(calendar.components(dayAfter)) };
 }
 
@@ -55,7 +57,8 @@ Date required(const QCommandLineParser &arguments, const char *option, const Tim
 {
     const auto date = dateFromIso8601(arguments.value(QLatin1String(option)), timeZone);
     if (!date)
-        throw CommandError(QStringLiteral("--%1: a moment is needed, as in 20270131T230000Z").arg(QLatin1String(option)));
+        throw CommandError(
+            QStringLiteral("--%1: a moment is needed, as in 20270131T230000Z").arg(QLatin1String(option)));
     return *date;
 }
 
@@ -114,7 +117,8 @@ int OccurrencesCommand::run(const QCommandLineParser &arguments)
     else
         std::ranges::for_each(events, [&](const EKEvent &event) { print(event, calendar, arguments); });
     if (arguments.isSet(QStringLiteral("timing")))
-        std::fprintf(stderr, "load_us %lld\nquery_us %lld\n", static_cast<long long>(loaded), static_cast<long long>(queried));
+        std::fprintf(
+            stderr, "load_us %lld\nquery_us %lld\n", static_cast<long long>(loaded), static_cast<long long>(queried));
     return 0;
 }
 

@@ -33,8 +33,7 @@ int main(int argc, char **argv)
     mintaro::ContextOptions::addTo(parser);
 
     const QStringList words = QCoreApplication::arguments().mid(1);
-    const auto command
-        = std::ranges::find_if(commands, [&](const auto &each) { return words.contains(each->name()); });
+    const auto command = std::ranges::find_if(commands, [&](const auto &each) { return words.contains(each->name()); });
     if (command == commands.end()) {
         addCommandList(parser, commands);
         parser.process(application);

@@ -26,7 +26,8 @@ ViewEngine::ViewEngine(AppState &appState, MenuBarLabel &label, const Appearance
 
 std::unique_ptr<QQuickItem> ViewEngine::makeMainPopoverView()
 {
-    return make(QStringLiteral("Main/MainPopoverView"), { { QStringLiteral("appState"), QVariant::fromValue(&m_appState) } });
+    return make(
+        QStringLiteral("Main/MainPopoverView"), { { QStringLiteral("appState"), QVariant::fromValue(&m_appState) } });
 }
 
 std::unique_ptr<QQuickItem> ViewEngine::makeMenuBarLabel()

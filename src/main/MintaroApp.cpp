@@ -22,6 +22,7 @@ MenuItem separator()
 MintaroApp::MintaroApp(const ContextOptions &options)
     : m_context(options)
     , m_timeMonitor(m_context.environment())
+    , m_workspace(AppContext::calendarConfigurationFolder())
     , m_appState(m_context.dependencies(m_workspace))
     , m_label(m_appState)
 {
@@ -32,6 +33,7 @@ MintaroApp::MintaroApp(const ContextOptions &options)
     });
     connect(&m_statusItem, &StatusItem::activated, this,
         [this](std::optional<QPoint> where) { popover().toggleAt(where); });
+    connect(&m_appearance, &Appearance::changed, this, &MintaroApp::updateIconColor);
     connect(&m_statusItem, &StatusItem::hostChanged, this, &MintaroApp::onHostChanged);
     connect(&m_appState, &AppState::monthDateChanged, this, [this] {
         if (m_popover && m_popover->isVisible())
@@ -45,6 +47,7 @@ void MintaroApp::start()
 {
     updateStatusItem();
     updateMenu();
+    updateIconColor();
     m_statusItem.start();
     m_label.appear();
 }
@@ -56,10 +59,14 @@ void MintaroApp::showPopover(std::optional<QPoint> anchor)
 
 void MintaroApp::updateStatusItem()
 {
-    m_statusItem.setContent({ .day = m_label.day(),
-        .label = m_label.text(),
-        .title = m_label.text(),
-        .toolTip = m_label.toolTip() });
+    m_statusItem.setContent(
+        { .day = m_label.day(), .label = m_label.text(), .title = m_label.text(), .toolTip = m_label.toolTip() });
+}
+
+void MintaroApp::updateIconColor()
+{
+    // Hosts that paint the icon themselves do not ask; the others are taken to be as dark as the desktop.
+    m_statusItem.setIconColor(m_appearance.isDark() ? Qt::white : Qt::black);
 }
 
 void MintaroApp::updateMenu()

@@ -12,8 +12,8 @@
 
 namespace mintaro {
 
-/// The program: builds everything, wires it and owns it. There is no main window: the panel item with its popover is the
-/// application. The QML engine exists from the popover's first opening on.
+/// The program: builds everything, wires it and owns it. There is no main window: the panel item with its popover is
+/// the application. The QML engine exists from the popover's first opening on.
 class MintaroApp : public QObject
 {
     Q_OBJECT
@@ -28,6 +28,7 @@ public:
 
 private:
     void updateStatusItem();
+    void updateIconColor();
     void updateMenu();
     void onHostChanged(StatusHost host);
     [[nodiscard]] ViewEngine &views();

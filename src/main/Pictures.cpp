@@ -54,8 +54,8 @@ public:
         save(*label, QStringLiteral("label"));
         save(*popover, QStringLiteral("popover"));
         const Calendar calendar = m_context.environment().calendar();
-        m_appState.selectDay(*calendar.dateByAdding(
-            Calendar::Component::Day, kDaysToOtherSelection, m_context.environment().now()));
+        m_appState.selectDay(
+            *calendar.dateByAdding(Calendar::Component::Day, kDaysToOtherSelection, m_context.environment().now()));
         save(*popover, QStringLiteral("popover-selected"));
         m_context.defaults().setBool(true, QStringLiteral("ShowWeekNumbers"));
         select(QStringLiteral("nothing of that name"));

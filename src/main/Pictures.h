@@ -15,8 +15,9 @@ struct PictureJob
     QString language;
 };
 
-/// Draws label and popover in light and dark on the job's store, off screen, at twice the size. Gives the files written;
-/// throws std::runtime_error where something does not load or cannot be written. Runs an event loop until all is loaded.
+/// Draws label and popover in light and dark on the job's store, off screen, at twice the size. Gives the files
+/// written; throws std::runtime_error where something does not load or cannot be written. Runs an event loop until all
+/// is loaded.
 [[nodiscard]] QStringList drawPictures(const PictureJob &job);
 
 } // namespace mintaro

@@ -6,8 +6,8 @@
 
 #include <cstdio>
 
-// Draws every view in light and dark, English and Italian, on a given store and moment: for the README, for review and for
-// tests. Needs no display.
+// Draws every view in light and dark, English and Italian, on a given store and moment: for the README, for review and
+// for tests. Needs no display.
 int main(int argc, char **argv)
 {
     // Alike on every machine: no graphics driver, no desktop, no preferences of the user's.

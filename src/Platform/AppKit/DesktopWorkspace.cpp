@@ -17,6 +17,7 @@ using namespace std::chrono_literals;
 namespace {
 
 constexpr auto kAnswerTime = 10s;
+const QLatin1String kPrivacySettings("x-apple.systempreferences:");
 
 bool isScheme(const QString &text)
 {
@@ -31,17 +32,23 @@ void logError(const QString &text)
 
 } // namespace
 
+DesktopWorkspace::DesktopWorkspace(QString calendarConfiguration)
+    : m_calendarConfiguration(std::move(calendarConfiguration))
+{
+}
+
 void DesktopWorkspace::open(const URL &url)
 {
-    const QString &address = url.absoluteString();
-    // Without a scheme it could pass for a file or an option.
-    if (!isScheme(address.section(QLatin1Char(':'), 0, 0).toLower()) || !address.contains(QLatin1Char(':'))) {
+    QString address = url.absoluteString();
+    if (address.startsWith(kPrivacySettings)) {
+        address = m_calendarConfiguration;
+    } else if (!address.contains(u':') || !isScheme(address.section(u':', 0, 0).toLower())) {
+        // Without a scheme it could pass for a file or an option.
         logError(QStringLiteral("An address without a scheme is not opened"));
         return;
     }
-    if (!QProcess::startDetached(QStringLiteral("xdg-open"), { address })) {
+    if (!QProcess::startDetached(QStringLiteral("xdg-open"), { address }))
         logError(QStringLiteral("xdg-open could not be started"));
-    }
 }
 
 QCoro::Task<bool> DesktopWorkspace::hasHandler(QString scheme)

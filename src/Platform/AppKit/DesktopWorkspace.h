@@ -12,11 +12,16 @@ namespace mintaro {
 class DesktopWorkspace : public Workspace
 {
 public:
+    /// `calendarConfiguration`: the folder that decides which calendars the program may see. The address of the
+    /// calendars' privacy settings opens it, for here it is what grants access.
+    explicit DesktopWorkspace(QString calendarConfiguration);
+
     void open(const URL &url) override;
     /// Asks once for each scheme. False also where the tools are missing.
     [[nodiscard]] QCoro::Task<bool> hasHandler(QString scheme) override;
 
 private:
+    const QString m_calendarConfiguration;
     using Answers = QHash<QString, bool>;
 
     /// Shared with a question that is under way, which may outlive this object.

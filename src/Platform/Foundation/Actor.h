@@ -10,8 +10,8 @@
 
 namespace mintaro {
 
-/// A thread with an event loop on which the operations of one object run one at a time. A service owns one and hands its
-/// bodies to perform().
+/// A thread with an event loop on which the operations of one object run one at a time. A service owns one and hands
+/// its bodies to perform().
 class Actor
 {
 public:

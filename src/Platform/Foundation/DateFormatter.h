@@ -15,7 +15,8 @@ namespace mintaro {
 class DateFormatter
 {
 public:
-    /// By a pattern of Unicode Technical Standard 35, part 4. A pattern that makes no sense yields what ICU makes of it.
+    /// By a pattern of Unicode Technical Standard 35, part 4. A pattern that makes no sense yields what ICU makes of
+    /// it.
     [[nodiscard]] static DateFormatter withPattern(const QString &pattern, const Locale &locale);
     /// By a skeleton of the same standard ("yMMMM", "MMMdjm"): the locale decides on order, separators and the clock.
     /// Names that stand alone are capitalised where the language does so in headings.

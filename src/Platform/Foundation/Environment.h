@@ -9,9 +9,9 @@
 
 namespace mintaro {
 
-/// The user's present: the clock, the locale, and the zone of the moment. Built once by the entry and handed to whatever
-/// deals with time, so that nothing reads a global. The readers are thread-safe; the signal comes on the thread that
-/// the object lives on.
+/// The user's present: the clock, the locale, and the zone of the moment. Built once by the entry and handed to
+/// whatever deals with time, so that nothing reads a global. The readers are thread-safe; the signal comes on the
+/// thread that the object lives on.
 class Environment : public QObject
 {
     Q_OBJECT

@@ -15,7 +15,7 @@ public:
     struct Match
     {
         qsizetype location = 0; ///< UTF-16 offset of the matched text
-        qsizetype length = 0;   ///< in UTF-16 units
+        qsizetype length = 0; ///< in UTF-16 units
         URL url;
     };
 

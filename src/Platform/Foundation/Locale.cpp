@@ -29,7 +29,8 @@ QString mostLikelyRegion(const QString &language)
 
 Locale Locale::fromIdentifier(const QString &identifier)
 {
-    static const QRegularExpression form(QStringLiteral("^([A-Za-z]{2,3})(?:[-_]([A-Z][a-z]{3}))?(?:[-_]([A-Za-z]{2}))?(?:[.@].*)?$"));
+    static const QRegularExpression form(
+        QStringLiteral("^([A-Za-z]{2,3})(?:[-_]([A-Z][a-z]{3}))?(?:[-_]([A-Za-z]{2}))?(?:[.@].*)?$"));
     const auto match = form.match(identifier);
     if (!match.hasMatch())
         return {};

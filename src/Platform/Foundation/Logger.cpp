@@ -17,7 +17,9 @@ namespace {
 /// systemd.exec(5): JOURNAL_STREAM holds device and inode of the stream that goes to the journal.
 bool standardErrorIsJournal()
 {
-    struct stat status {};
+    struct stat status
+    {
+    };
     if (::fstat(STDERR_FILENO, &status) != 0)
         return false;
     return qEnvironmentVariable("JOURNAL_STREAM")

@@ -4,6 +4,7 @@
 #include <QFileInfo>
 #include <QHash>
 #include <QMutex>
+#include <QRegularExpression>
 #include <QTimeZone>
 
 #include <algorithm>
@@ -23,6 +24,14 @@ constexpr sys_seconds kTableEnd = std::chrono::sys_days { std::chrono::year { 21
 QDateTime toQDateTime(sys_seconds at)
 {
     return QDateTime::fromSecsSinceEpoch(at.time_since_epoch().count(), Qt::UTC);
+}
+
+/// Qt takes POSIX rules and offsets for zones too, and does not list the database's links; only its files are meant
+/// here.
+bool isDatabaseName(const QString &identifier)
+{
+    static const QRegularExpression form(QStringLiteral("^[A-Za-z][A-Za-z0-9_+-]*(/[A-Za-z0-9_+-]+)*$"));
+    return form.match(identifier).hasMatch() && QFileInfo(QStringLiteral("/usr/share/zoneinfo/") + identifier).isFile();
 }
 
 } // namespace
@@ -45,8 +54,8 @@ std::shared_ptr<const TimeZone::Rules> TimeZone::Rules::read(const QTimeZone &zo
     rules->identifier = QString::fromLatin1(zone.id());
     rules->initialOffset = seconds { zone.offsetFromUtc(toQDateTime(kTableBegin)) };
     for (const auto &each : zone.transitions(toQDateTime(kTableBegin), toQDateTime(kTableEnd)))
-        rules->transitions.push_back({ sys_seconds { seconds { each.atUtc.toSecsSinceEpoch() } },
-            seconds { each.offsetFromUtc } });
+        rules->transitions.push_back(
+            { sys_seconds { seconds { each.atUtc.toSecsSinceEpoch() } }, seconds { each.offsetFromUtc } });
     rules->source = zone;
     return rules;
 }
@@ -85,13 +94,12 @@ std::optional<TimeZone> TimeZone::named(const QString &identifier)
     const QMutexLocker lock(&mutex);
     auto &rules = known[identifier];
     if (!rules) {
-        const QByteArray id = identifier.toLatin1();
-        // Qt reads POSIX rules and offsets as zones too; only names of the database are meant here.
-        if (!QTimeZone::isTimeZoneIdAvailable(id)) {
+        const QTimeZone zone = isDatabaseName(identifier) ? QTimeZone(identifier.toLatin1()) : QTimeZone();
+        if (!zone.isValid()) {
             known.remove(identifier);
             return std::nullopt;
         }
-        rules = Rules::read(QTimeZone(id));
+        rules = Rules::read(zone);
     }
     return TimeZone(rules);
 }

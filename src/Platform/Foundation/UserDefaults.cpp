@@ -33,7 +33,8 @@ QStringList fromJsonArray(QStringView text)
 /// Text that would not come back from a raw line is written as a list of one.
 QString encodedText(const QString &text)
 {
-    const bool plain = !text.contains(u'\n') && !text.contains(u'\r') && text.trimmed() == text && !text.startsWith(u'@');
+    const bool plain
+        = !text.contains(u'\n') && !text.contains(u'\r') && text.trimmed() == text && !text.startsWith(u'@');
     return plain ? text : kTextMark + jsonArray({ text });
 }
 

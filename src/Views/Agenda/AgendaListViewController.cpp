@@ -168,10 +168,10 @@ QVariant AgendaListViewController::data(const QModelIndex &index, int role) cons
 
 QHash<int, QByteArray> AgendaListViewController::roleNames() const
 {
-    return { { KindRole, "kind" }, { TitleRole, "title" }, { IsTodayRole, "isToday" },
-        { TimeRangeRole, "timeRange" }, { LocationRole, "location" }, { ColorRole, "calendarColor" },
-        { ServiceRole, "service" }, { ServiceSymbolRole, "serviceSymbol" }, { IsPastRole, "isPast" },
-        { IsCompletedRole, "isCompleted" }, { HasLinkRole, "hasLink" }, { AccessibleNameRole, "accessibleName" } };
+    return { { KindRole, "kind" }, { TitleRole, "title" }, { IsTodayRole, "isToday" }, { TimeRangeRole, "timeRange" },
+        { LocationRole, "location" }, { ColorRole, "calendarColor" }, { ServiceRole, "service" },
+        { ServiceSymbolRole, "serviceSymbol" }, { IsPastRole, "isPast" }, { IsCompletedRole, "isCompleted" },
+        { HasLinkRole, "hasLink" }, { AccessibleNameRole, "accessibleName" } };
 }
 
 QString AgendaListViewController::accessibleName(const Row &row) const

@@ -8,8 +8,8 @@
 
 namespace mintaro {
 
-/// The agenda as a flat list: a header for each day, under it a row for each event or reminder. A refresh changes only the
-/// rows that differ.
+/// The agenda as a flat list: a header for each day, under it a row for each event or reminder. A refresh changes only
+/// the rows that differ.
 class AgendaListViewController : public QAbstractListModel
 {
     Q_OBJECT
@@ -29,7 +29,7 @@ public:
         TimeRangeRole,
         LocationRole,
         ColorRole,
-        ServiceRole,       ///< the meeting service's name, empty without a meeting
+        ServiceRole, ///< the meeting service's name, empty without a meeting
         ServiceSymbolRole,
         IsPastRole,
         IsCompletedRole,

@@ -38,45 +38,11 @@ T.AbstractButton {
         }
     }
 
-    contentItem: Item {
-        Column {
-            anchors.centerIn: parent
-            width: parent.width
-            spacing: Theme.dotsSpacing
-
-            Text {
-                width: parent.width
-                horizontalAlignment: Text.AlignHCenter
-                text: root.number
-                font: root.isToday ? Theme.bodyBold : Theme.body
-                color: root.isSelected ? Theme.onAccent : !root.isCurrentMonth ? Theme.secondary : root.isToday ? Theme.accentText : Theme.primary
-                opacity: root.isCurrentMonth ? 1 : Theme.neighbourOpacity
-            }
-            Item {
-                width: parent.width
-                height: Theme.dotsHeight - Theme.dotsSpacing
-
-                Row {
-                    anchors.centerIn: parent
-                    spacing: root.isSelected ? 1 : 2
-
-                    Repeater {
-                        model: root.eventColors.slice(0, 3)
-
-                        Rectangle {
-                            id: dot
-                            required property color modelData
-                            // The thin light rim keeps a dot apart from the accent behind it.
-                            width: root.isSelected ? 6 : 4
-                            height: dot.width
-                            radius: dot.width / 2
-                            color: dot.modelData
-                            border.width: root.isSelected ? 1 : 0
-                            border.color: Theme.onAccent
-                        }
-                    }
-                }
-            }
-        }
+    contentItem: DayCellContent {
+        number: root.number
+        isCurrentMonth: root.isCurrentMonth
+        isToday: root.isToday
+        isSelected: root.isSelected
+        eventColors: root.eventColors
     }
 }

@@ -52,15 +52,14 @@ Item {
 
     PlainButton {
         id: today
-        accessibleName: todayText.text
+        accessibleName: qsTrId("Today")
         leftPadding: 6
         rightPadding: 6
         topPadding: 4
         bottomPadding: 4
         anchors { right: next.left; rightMargin: 3; verticalCenter: parent.verticalCenter }
         contentItem: Text {
-            id: todayText
-            text: qsTrId("Today")
+            text: today.accessibleName
             font: Theme.caption2
             color: Theme.accentText
         }

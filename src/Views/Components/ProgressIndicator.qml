@@ -1,3 +1,5 @@
+pragma ComponentBehavior: Bound
+
 import QtQuick
 
 import Mintaro
@@ -15,14 +17,16 @@ Item {
         model: 8
 
         Rectangle {
+            id: dot
             required property int index
+            readonly property real angle: dot.index * Math.PI / 4
             width: 4
             height: 4
             radius: 2
             color: Theme.secondary
-            opacity: 0.2 + 0.1 * index
-            x: root.width / 2 - 2 + 9 * Math.cos(index * Math.PI / 4)
-            y: root.height / 2 - 2 + 9 * Math.sin(index * Math.PI / 4)
+            opacity: 0.2 + 0.1 * dot.index
+            x: root.width / 2 - 2 + 9 * Math.cos(dot.angle)
+            y: root.height / 2 - 2 + 9 * Math.sin(dot.angle)
         }
     }
     RotationAnimation on rotation {

@@ -21,7 +21,8 @@ Item {
         anchors.centerIn: parent
         width: root.size
         height: root.size
-        sourceSize: Qt.size(root.pixels, root.pixels)
+        sourceSize.width: root.pixels
+        sourceSize.height: root.pixels
         source: root.name === "" ? "" : "image://symbol/" + root.name + "?" + root.color.toString().substring(1)
     }
 }

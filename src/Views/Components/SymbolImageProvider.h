@@ -4,7 +4,8 @@
 
 namespace mintaro {
 
-/// Draws the symbols that views and labels name, tinted: image://symbol/NAME?COLOR, where COLOR is rrggbb or aarrggbb. An unknown name gives an empty picture and a log line. Works with every scene graph backend.
+/// Draws the symbols that views and labels name, tinted: image://symbol/NAME?COLOR, where COLOR is rrggbb or aarrggbb.
+/// An unknown name gives an empty picture and a log line. Works with every scene graph backend.
 class SymbolImageProvider : public QQuickImageProvider
 {
 public:

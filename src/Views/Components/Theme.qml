@@ -51,6 +51,7 @@ QtObject {
     readonly property int dotsSpacing: 2
     /// What a day's dots take below its number, their spacing included.
     readonly property int dotsHeight: 8
+    readonly property int borderWidth: 1
     readonly property int cornerRadius: 12
     readonly property int chipRadius: 6
     readonly property int controlRadius: 5

@@ -51,8 +51,7 @@ QColor legible(QColor foreground, const QColor &background, double contrast)
         float saturation = 0;
         float lightness = 0;
         foreground.getHslF(&hue, &saturation, &lightness);
-        foreground = QColor::fromHslF(
-            hue, saturation, std::clamp(lightness + (darken ? -0.02F : 0.02F), 0.0F, 1.0F));
+        foreground = QColor::fromHslF(hue, saturation, std::clamp(lightness + (darken ? -0.02F : 0.02F), 0.0F, 1.0F));
     }
     return foreground;
 }

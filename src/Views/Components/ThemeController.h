@@ -45,8 +45,8 @@ private:
     const UserDefaults &m_defaults;
 };
 
-/// `foreground` made darker or lighter, in steps, until it stands out from `background` by `contrast` to 1 (WCAG 2.1, 1.4.3)
-/// or can go no further.
+/// `foreground` made darker or lighter, in steps, until it stands out from `background` by `contrast` to 1
+/// (WCAG 2.1, 1.4.3) or can go no further.
 [[nodiscard]] QColor legible(QColor foreground, const QColor &background, double contrast);
 
 } // namespace mintaro

@@ -15,7 +15,7 @@ FocusScope {
         anchors.fill: parent
         radius: Theme.cornerRadius
         color: Theme.background
-        border.width: 1
+        border.width: Theme.borderWidth
         border.color: Theme.border
     }
 
@@ -38,7 +38,7 @@ FocusScope {
     AgendaListView {
         id: agenda
         appState: root.appState
-        anchors { left: parent.left; right: parent.right; bottom: parent.bottom; bottomMargin: Theme.cornerRadius }
+        anchors { left: parent.left; right: parent.right; bottom: parent.bottom; leftMargin: Theme.borderWidth; rightMargin: Theme.borderWidth; bottomMargin: Theme.cornerRadius }
         height: Theme.agendaHeight
     }
 }

@@ -46,8 +46,7 @@ void MenuBarLabel::tick()
 
 void MenuBarLabel::useDateFormat()
 {
-    m_dateFormat
-        = DateFormatter::withPattern(m_appState.menuBarDateFormat(), m_appState.environment().locale());
+    m_dateFormat = DateFormatter::withPattern(m_appState.menuBarDateFormat(), m_appState.environment().locale());
 }
 
 void MenuBarLabel::update()

@@ -8,9 +8,9 @@
 
 namespace mintaro {
 
-/// What the panel shows at all times: a calendar symbol, today's date and, if wanted, the next event with its countdown. It
-/// lives as long as the process, starts the loading and keeps the countdown ticking; MenuBarLabel.qml draws it where a host
-/// needs a window or a picture, others take the texts.
+/// What the panel shows at all times: a calendar symbol, today's date and, if wanted, the next event with its
+/// countdown. It lives as long as the process, starts the loading and keeps the countdown ticking; MenuBarLabel.qml
+/// draws it where a host needs a window or a picture, others take the texts.
 class MenuBarLabel : public QObject
 {
     Q_OBJECT

@@ -35,7 +35,7 @@ protected:
     bool ask(const char *scheme) { return QCoro::waitFor(workspace.hasHandler(QLatin1String(scheme))); }
 
     QTemporaryDir folder;
-    DesktopWorkspace workspace;
+    DesktopWorkspace workspace { QStringLiteral("/nowhere") };
 
 private:
     const QByteArray m_path = qgetenv("PATH");
