@@ -52,9 +52,14 @@ void MintaroApp::start()
     m_label.appear();
 }
 
-void MintaroApp::showPopover(std::optional<QPoint> anchor)
+void MintaroApp::showPopover()
 {
-    popover().showAt(anchor);
+    popover().showAt(chipCenter());
+}
+
+std::optional<QPoint> MintaroApp::chipCenter() const
+{
+    return m_chip ? std::optional(m_chip->geometry().center()) : std::nullopt;
 }
 
 void MintaroApp::updateStatusItem()
@@ -72,7 +77,7 @@ void MintaroApp::updateIconColor()
 void MintaroApp::updateMenu()
 {
     std::vector<MenuItem> items;
-    items.push_back({ .title = qtTrId("Show Calendar"), .action = [this] { showPopover(std::nullopt); } });
+    items.push_back({ .title = qtTrId("Show Calendar"), .action = [this] { showPopover(); } });
     items.push_back(separator());
     for (const CalendarEvent &event : m_appState.upcomingEvents()) {
         if (!event.meetingInfo)
@@ -102,9 +107,12 @@ void MintaroApp::onHostChanged(StatusHost host)
     if (!m_chipContent)
         return;
     m_chip = std::make_unique<PanelChip>();
-    connect(m_chip.get(), &PanelChip::clicked, this, [this](QPoint where) { popover().toggleAt(where); });
+    connect(m_chip.get(), &PanelChip::clicked, this, [this] { popover().toggleAt(chipCenter()); });
     m_chip->setContent(m_chipContent.get());
     m_chip->showChip();
+    // Opened before it was clear that there is no panel, it stands where the chip is now.
+    if (m_popover && m_popover->isVisible())
+        showPopover();
 }
 
 ViewEngine &MintaroApp::views()

@@ -24,13 +24,15 @@ public:
 
     /// Shows the item and begins to load.
     void start();
-    void showPopover(std::optional<QPoint> anchor);
+    /// Below our own chip where there is one, else in the top right corner.
+    void showPopover();
 
 private:
     void updateStatusItem();
     void updateIconColor();
     void updateMenu();
     void onHostChanged(StatusHost host);
+    [[nodiscard]] std::optional<QPoint> chipCenter() const;
     [[nodiscard]] ViewEngine &views();
     [[nodiscard]] PopoverWindow &popover();
 

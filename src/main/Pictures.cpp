@@ -81,10 +81,10 @@ private:
         item.setParentItem(window.contentItem());
         item.setPosition({ kMarginAround, kMarginAround });
         const auto edge = [](double length) { return static_cast<int>(std::ceil(length)) + 2 * kMarginAround; };
-        window.resize(edge(item.width()), edge(item.height()));
         window.show();
-        // Animations that loading began are to have ended.
+        // Layouts and animations that loading began are to have ended.
         settle();
+        window.resize(edge(item.width()), edge(item.height()));
         const QImage picture = window.grabWindow();
         item.setParentItem(nullptr);
         const QString file = QStringLiteral("%1/%2-%3-%4.png").arg(m_job.folder, name, m_look, m_job.language);

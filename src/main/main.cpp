@@ -28,7 +28,7 @@ int main(int argc, char **argv)
         mintaro::MintaroApp app(mintaro::ContextOptions::from(parser));
         app.start();
         if (parser.isSet(show))
-            app.showPopover(std::nullopt);
+            app.showPopover();
         return QGuiApplication::exec();
     } catch (const std::exception &error) {
         std::fprintf(stderr, "mintaro: %s\n", error.what());

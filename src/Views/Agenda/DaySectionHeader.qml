@@ -20,6 +20,7 @@ Rectangle {
         font: Theme.captionSemibold
         color: root.isToday ? Theme.accentText : Theme.secondary
         textFormat: Text.PlainText
+        horizontalAlignment: Text.AlignLeft
         elide: Text.ElideRight
     }
 }

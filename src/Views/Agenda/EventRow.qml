@@ -39,6 +39,8 @@ Item {
             font: Theme.callout
             color: Theme.primary
             textFormat: Text.PlainText
+            // Titles of all scripts begin at the colour bar.
+            horizontalAlignment: Text.AlignLeft
             elide: Text.ElideRight
             maximumLineCount: 1
         }
@@ -65,6 +67,7 @@ Item {
             font: Theme.caption2
             color: Theme.tertiary
             textFormat: Text.PlainText
+            horizontalAlignment: Text.AlignLeft
             elide: Text.ElideRight
             maximumLineCount: 1
         }

@@ -30,6 +30,7 @@ Item {
         font.strikeout: root.isCompleted
         color: root.isCompleted ? Theme.secondary : Theme.primary
         textFormat: Text.PlainText
+        horizontalAlignment: Text.AlignLeft
         elide: Text.ElideRight
         maximumLineCount: 1
     }
