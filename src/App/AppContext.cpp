@@ -7,6 +7,7 @@
 #include <QCommandLineParser>
 #include <QDateTime>
 #include <QFileInfo>
+#include <QRegularExpression>
 
 #include <stdexcept>
 
@@ -33,21 +34,27 @@ T required(const std::optional<T> &value, const char *option, const QString &tex
 
 std::optional<Date> dateFromIso8601(const QString &text, const TimeZone &timeZone)
 {
-    QDateTime reading = QDateTime::fromString(text, Qt::ISODateWithMs);
-    for (const char *form : { "yyyyMMdd'T'HHmmss'Z'", "yyyyMMdd'T'HHmmss", "yyyyMMdd" }) {
-        if (reading.isValid())
-            break;
-        reading = QDateTime::fromString(text, QLatin1String(form));
-        if (QLatin1String(form).endsWith(QLatin1String("'Z'")))
-            reading.setTimeSpec(Qt::UTC);
+    static const QRegularExpression basic(
+        QStringLiteral("^(\\d{4})(\\d\\d)(\\d\\d)(?:T(\\d\\d)(\\d\\d)(\\d\\d)(Z?))?$"));
+    static const QRegularExpression day(QStringLiteral("^\\d{4}-\\d\\d-\\d\\d$"));
+    QString extended = text;
+    if (const auto parts = basic.match(text); parts.hasMatch()) {
+        extended = parts.captured(1) + u'-' + parts.captured(2) + u'-' + parts.captured(3);
+        if (!parts.captured(4).isEmpty())
+            extended
+                += u'T' + parts.captured(4) + u':' + parts.captured(5) + u':' + parts.captured(6) + parts.captured(7);
     }
-    if (!reading.isValid())
+    if (day.match(extended).hasMatch())
+        extended += QLatin1String("T00:00");
+    // A reading without an offset is read as UTC: as a local time of Qt it would be one of the system's zone, which may
+    // lack it.
+    const QDateTime reading = QDateTime::fromString(extended + u'Z', Qt::ISODateWithMs);
+    if (reading.isValid())
+        return timeZone.toInstant(LocalTime { std::chrono::seconds { reading.toSecsSinceEpoch() } });
+    const QDateTime moment = QDateTime::fromString(extended, Qt::ISODateWithMs);
+    if (!moment.isValid() || moment.timeSpec() == Qt::LocalTime)
         return std::nullopt;
-    if (reading.timeSpec() != Qt::LocalTime)
-        return Date { std::chrono::milliseconds { reading.toMSecsSinceEpoch() } };
-    // As a local time of Qt it would be read in the system's zone.
-    reading.setTimeSpec(Qt::UTC);
-    return timeZone.toInstant(LocalTime { std::chrono::seconds { reading.toSecsSinceEpoch() } });
+    return Date { std::chrono::milliseconds { moment.toMSecsSinceEpoch() } };
 }
 
 void ContextOptions::addTo(QCommandLineParser &parser)
@@ -81,7 +88,8 @@ ContextOptions ContextOptions::from(const QCommandLineParser &parser)
 }
 
 AppContext::AppContext(const ContextOptions &options)
-    : m_clock(makeClock(options.now))
+    : m_hasSystemTime(!options.now && !options.timeZone)
+    , m_clock(makeClock(options.now))
     , m_defaults(options.preferences.value_or(UserDefaults::standardFile()))
     , m_environment(*m_clock,
           options.locale.value_or(Locale::current(m_defaults.stringArrayForKey(QStringLiteral("AppleLanguages")))),
@@ -94,6 +102,12 @@ AppContext::AppContext(const ContextOptions &options)
 }
 
 AppContext::~AppContext() = default;
+
+void AppContext::followSystemTime()
+{
+    if (m_hasSystemTime && !m_timeMonitor)
+        m_timeMonitor.emplace(m_environment);
+}
 
 QString AppContext::calendarConfigurationFolder()
 {

@@ -4,6 +4,7 @@
 #include "Platform/Foundation/Clock.h"
 #include "Platform/Foundation/Environment.h"
 #include "Platform/Foundation/NotificationCenter.h"
+#include "Platform/Foundation/SystemTimeMonitor.h"
 #include "Platform/Foundation/UserDefaults.h"
 
 #include <QTranslator>
@@ -38,6 +39,10 @@ public:
     explicit AppContext(const ContextOptions &options);
     ~AppContext();
 
+    /// From now on the environment tells of midnights, wakes and changes of zone. Where the clock or the zone was given
+    /// by option there is nothing to follow.
+    void followSystemTime();
+
     [[nodiscard]] Environment &environment() { return m_environment; }
     [[nodiscard]] UserDefaults &defaults() { return m_defaults; }
     [[nodiscard]] const std::shared_ptr<CalendarDatabase> &database() const { return m_database; }
@@ -47,12 +52,14 @@ public:
     [[nodiscard]] AppState::Dependencies dependencies(Workspace &workspace);
 
 private:
+    const bool m_hasSystemTime;
     std::unique_ptr<const Clock> m_clock;
     UserDefaults m_defaults;
     Environment m_environment;
     std::unique_ptr<QTranslator> m_texts;
     NotificationCenter m_notifications;
     std::shared_ptr<CalendarDatabase> m_database;
+    std::optional<SystemTimeMonitor> m_timeMonitor;
 };
 
 /// The moment of an ISO 8601 text: with an offset or Z as it says, otherwise as a reading in `timeZone`; the basic form

@@ -28,32 +28,28 @@ void AppState::updateNextEvent()
     updateCountdown();
 }
 
-void AppState::chooseNextEvent()
+QString AppState::countdown(const CalendarEvent &event) const
 {
-    const auto upcoming = upcomingEvents();
-    m_nextEvent = upcoming.empty() ? std::nullopt : std::optional(upcoming.front());
-    Q_EMIT nextEventChanged();
+    switch (countdownFormat()) {
+    case CountdownFormat::Relative:
+        return relativeCountdown(event.startDate, m_environment.now());
+    case CountdownFormat::Compact:
+        return compactCountdown(event.startDate, m_environment.now());
+    case CountdownFormat::Absolute:
+        return clockReading(event.startDate, m_environment.timeZone());
+    }
+    return {};
 }
 
 void AppState::updateCountdown()
 {
-    chooseNextEvent();
-    QString text;
-    if (m_nextEvent) {
-        const Date start = m_nextEvent->startDate;
-        switch (countdownFormat()) {
-        case CountdownFormat::Relative:
-            text = relativeCountdown(start, m_environment.now());
-            break;
-        case CountdownFormat::Compact:
-            text = compactCountdown(start, m_environment.now());
-            break;
-        case CountdownFormat::Absolute:
-            text = clockReading(start, m_environment.timeZone());
-            break;
-        }
-    }
-    if (std::exchange(m_countdownText, text) != text)
+    const auto upcoming = upcomingEvents();
+    m_nextEvent = upcoming.empty() ? std::nullopt : std::optional(upcoming.front());
+    const QString text = m_nextEvent ? countdown(*m_nextEvent) : QString();
+    const bool isNewText = std::exchange(m_countdownText, text) != text;
+    // Both hold before anybody is told, or the label would show the new event with the old countdown.
+    Q_EMIT nextEventChanged();
+    if (isNewText)
         Q_EMIT countdownTextChanged();
 }
 

@@ -140,7 +140,7 @@ QCoro::Task<> AppState::watchStoreChanges()
     const QPointer<AppState> self(this);
     auto changes = m_eventStore.storeChanges();
     // The stream ends while this object goes, so nothing of it may be touched after an absent element.
-    while (co_await changes.next()) {
+    while (const auto change = co_await changes.next()) {
         m_logger.debug(QStringLiteral("EventKit store changed, refreshing..."));
         co_await refreshAll();
         if (!self)
@@ -151,7 +151,15 @@ QCoro::Task<> AppState::watchStoreChanges()
 void AppState::navigateMonth(int delta)
 {
     if (const auto month = m_environment.calendar().dateByAdding(Calendar::Component::Month, delta, m_monthDate))
-        setMonthDate(*month);
+        moveMonth(*month, delta);
+}
+
+void AppState::moveMonth(Date month, int delta)
+{
+    if (month == m_monthDate)
+        return;
+    setMonthDate(month);
+    Q_EMIT monthNavigated(delta);
 }
 
 void AppState::selectDay(Date date)
@@ -163,7 +171,7 @@ void AppState::selectDay(Date date)
 void AppState::showToday()
 {
     setMonthDate(m_environment.now());
-    setSelectedDate(m_environment.now());
+    selectDay(m_environment.now());
 }
 
 void AppState::generateMonth()
@@ -191,6 +199,9 @@ void AppState::followToday()
         setSelectedDate(now);
     if (startOfMonth(m_monthDate, calendar) == startOfMonth(before, calendar))
         setMonthDate(now);
+    // A refresh that is under way may have begun with the old month.
+    if (m_hasCalendarAccess)
+        refreshAll();
 }
 
 void AppState::onPreferenceChanged(const QString &key)

@@ -81,7 +81,8 @@ public:
     /// Chooses the next event and its countdown anew.
     void updateNextEvent();
     void updateCountdown();
-    /// The timed events from now to a week from now that are not over, in ascending order of their starts.
+    /// The fetched timed events that are not over, in ascending order of their starts. They reach a week ahead at
+    /// least.
     [[nodiscard]] std::vector<CalendarEvent> upcomingEvents() const;
 
     /// While the popover shows, a new day leaves the selection alone; while it does not, what showed the old today
@@ -121,6 +122,8 @@ public:
 Q_SIGNALS:
     void selectedDateChanged();
     void monthDateChanged();
+    /// After monthDateChanged, where the user went to another month step by step: negative for back.
+    void monthNavigated(int delta);
     void nextEventChanged();
     void countdownTextChanged();
     void hasCalendarAccessChanged();
@@ -132,8 +135,9 @@ private:
     QCoro::Task<> loadEventsOnceGranted();
     QCoro::Task<> loadRemindersOnceGranted();
     QCoro::Task<> fetchUpcoming(Date fetchedFrom, Date fetchedTo);
+    void moveMonth(Date month, int delta);
     void generateMonth();
-    void chooseNextEvent();
+    [[nodiscard]] QString countdown(const CalendarEvent &event) const;
     void onPreferenceChanged(const QString &key);
     void followToday();
 

@@ -2,6 +2,7 @@
 
 #include "Platform/Foundation/DateFormatter.h"
 
+#include <QDate>
 #include <QJsonArray>
 
 namespace mintaro {
@@ -15,6 +16,13 @@ QString itemLine(const CalendarEvent &event, const TimeZone &timeZone)
     if (event.meetingInfo)
         line += QStringLiteral("  <%1>").arg(event.meetingInfo->url.absoluteString());
     return line;
+}
+
+QString isoDay(std::chrono::year_month_day day)
+{
+    return QDate(
+        int { day.year() }, static_cast<int>(unsigned { day.month() }), static_cast<int>(unsigned { day.day() }))
+        .toString(Qt::ISODate);
 }
 
 } // namespace
@@ -57,7 +65,8 @@ int AgendaCommand::run(const QCommandLineParser &arguments)
                 printLine(itemLine(event, timeZone));
         }
         if (arguments.isSet(QStringLiteral("json")))
-            printJson({ { QStringLiteral("day"), heading }, { QStringLiteral("items"), items } });
+            printJson({ { QStringLiteral("day"), isoDay(state.environment().calendar().civilDay(day.date)) },
+                { QStringLiteral("items"), items } });
     }
     return 0;
 }

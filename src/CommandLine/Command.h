@@ -48,6 +48,9 @@ public:
     explicit LoadedState(const QCommandLineParser &arguments);
     ~LoadedState();
 
+    /// Keeps what is shown true over midnights and changes of zone.
+    void followSystemTime() { m_context.followSystemTime(); }
+
     [[nodiscard]] AppState &appState() { return *m_appState; }
     [[nodiscard]] Environment &environment() { return m_context.environment(); }
 

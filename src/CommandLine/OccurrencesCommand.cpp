@@ -107,6 +107,8 @@ int OccurrencesCommand::run(const QCommandLineParser &arguments)
     timer.start();
     if (!store.requestFullAccessToEvents())
         throw CommandError(QStringLiteral("the calendars cannot be read"));
+    // The first question is what makes the store read.
+    [[maybe_unused]] const auto calendars = store.calendarsForEntityType(EKEntityType::Event);
     const auto loaded = timer.nsecsElapsed() / 1000;
     timer.restart();
     const auto events = store.eventsMatchingPredicate(EKEventStore::predicateForEvents(from, to, std::nullopt));

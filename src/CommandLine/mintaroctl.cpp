@@ -7,12 +7,33 @@
 
 namespace {
 
+constexpr int kWrongCall = 2;
+
 void addCommandList(QCommandLineParser &parser, const std::vector<std::unique_ptr<mintaro::Command>> &commands)
 {
     QString list;
     for (const auto &command : commands)
         list += QStringLiteral("\n  %1 %2").arg(command->name(), -12).arg(command->summary());
     parser.addPositionalArgument(QStringLiteral("command"), QStringLiteral("One of:") + list);
+}
+
+/// The first word that names a command and is no value of an option; null without one.
+mintaro::Command *commandIn(QCommandLineParser &parser, const std::vector<std::unique_ptr<mintaro::Command>> &commands)
+{
+    // The commands' own options are unknown as yet, which does not matter here.
+    parser.parse(QCoreApplication::arguments());
+    for (const QString &word : parser.positionalArguments()) {
+        const auto found = std::ranges::find(commands, word, [](const auto &command) { return command->name(); });
+        if (found != commands.end())
+            return found->get();
+    }
+    return nullptr;
+}
+
+int complain(const QString &text)
+{
+    std::fprintf(stderr, "mintaroctl: %s\n", qUtf8Printable(text));
+    return kWrongCall;
 }
 
 } // namespace
@@ -32,21 +53,24 @@ int main(int argc, char **argv)
     parser.addVersionOption();
     mintaro::ContextOptions::addTo(parser);
 
-    const QStringList words = QCoreApplication::arguments().mid(1);
-    const auto command = std::ranges::find_if(commands, [&](const auto &each) { return words.contains(each->name()); });
-    if (command == commands.end()) {
+    mintaro::Command *const command = commandIn(parser, commands);
+    if (command) {
+        parser.addPositionalArgument(command->name(), command->summary(), command->name());
+        command->addOptions(parser);
+    } else {
         addCommandList(parser, commands);
-        parser.process(application);
-        std::fprintf(stderr, "mintaroctl: which command?\n\n");
-        parser.showHelp(2);
     }
-    parser.addPositionalArgument((*command)->name(), (*command)->summary(), (*command)->name());
-    (*command)->addOptions(parser);
+    if (!parser.parse(QCoreApplication::arguments()))
+        return complain(parser.errorText());
+    // Answers --help and --version.
     parser.process(application);
+    if (!command) {
+        complain(QStringLiteral("which command?\n"));
+        parser.showHelp(kWrongCall);
+    }
     try {
-        return (*command)->run(parser);
+        return command->run(parser);
     } catch (const std::exception &error) {
-        std::fprintf(stderr, "mintaroctl: %s\n", error.what());
-        return 2;
+        return complain(QString::fromUtf8(error.what()));
     }
 }

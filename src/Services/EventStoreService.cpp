@@ -45,8 +45,9 @@ std::vector<FetchedEvent> EventStoreService::fetch(const EKEventPredicate &predi
     for (EKEvent &event : m_store.eventsMatchingPredicate(predicate)) {
         if (isDeclinedByCurrentUser(event))
             continue;
-        const auto &meeting = m_meetings.value(event.item(),
-            [&] { return m_detector.detectMeetingURL({ event.location(), event.url(), event.notes() }); });
+        const auto &meeting = m_meetings.value(event.item(), [&] {
+            return m_detector.detectMeetingURL({ event.location(), event.url(), event.notes() });
+        });
         fetched.push_back({ std::move(event), meeting });
     }
     m_meetings.prune();

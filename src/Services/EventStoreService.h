@@ -21,8 +21,8 @@ struct FetchedEvent
     std::optional<MeetingInfo> meetingInfo;
 };
 
-/// The only way to the events of the store: an actor, so that no query ever holds up the main thread. Its operations may
-/// be awaited from any thread with an event loop.
+/// The only way to the events of the store: an actor, so that no query ever holds up the main thread. Its operations
+/// may be awaited from any thread with an event loop.
 class EventStoreService
 {
 public:

@@ -21,8 +21,7 @@ QCoro::Task<std::vector<EKCalendarRef>> ReminderService::reminderLists()
 QCoro::Task<std::vector<FetchedReminder>> ReminderService::fetchReminders(
     std::optional<std::vector<EKCalendarRef>> lists)
 {
-    return m_actor.perform(
-        [this, predicate = EKEventStore::predicateForReminders(lists)] { return fetch(predicate); });
+    return m_actor.perform([this, predicate = EKEventStore::predicateForReminders(lists)] { return fetch(predicate); });
 }
 
 std::vector<FetchedReminder> ReminderService::fetch(const EKReminderPredicate &predicate)

@@ -16,8 +16,8 @@ struct FetchedReminder
     std::optional<URL> url;
 };
 
-/// The only way to the reminders of the store: an actor with a store connection of its own. Its operations may be awaited
-/// from any thread with an event loop.
+/// The only way to the reminders of the store: an actor with a store connection of its own. Its operations may be
+/// awaited from any thread with an event loop.
 class ReminderService
 {
 public:

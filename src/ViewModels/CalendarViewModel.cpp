@@ -54,8 +54,8 @@ CalendarViewModel::CalendarViewModel(const Environment &environment)
 {
 }
 
-void CalendarViewModel::generateMonth(Date month, Date selectedDate,
-    const QHash<QString, std::vector<Color>> &eventColorsByDay, WeekStart weekStart)
+void CalendarViewModel::generateMonth(
+    Date month, Date selectedDate, const QHash<QString, std::vector<Color>> &eventColorsByDay, WeekStart weekStart)
 {
     const Calendar calendar = m_environment.calendar();
     const auto interval = calendar.monthInterval(month);

@@ -25,7 +25,7 @@ public:
         IsCurrentMonthRole,
         IsTodayRole,
         IsSelectedRole,
-        EventColorsRole,   ///< QStringList of #rrggbb
+        EventColorsRole, ///< QStringList of #rrggbb
         AccessibleNameRole, ///< the whole date in words, with what the cell shows besides
     };
     Q_ENUM(Role)
@@ -40,8 +40,8 @@ public:
     [[nodiscard]] bool isEmpty() const { return m_dayItems.empty(); }
 
     /// Replaces both lists by those of the month that holds `month`.
-    void generateMonth(Date month, Date selectedDate, const QHash<QString, std::vector<Color>> &eventColorsByDay,
-        WeekStart weekStart);
+    void generateMonth(
+        Date month, Date selectedDate, const QHash<QString, std::vector<Color>> &eventColorsByDay, WeekStart weekStart);
 
     [[nodiscard]] int rowCount(const QModelIndex &parent = {}) const override;
     [[nodiscard]] QVariant data(const QModelIndex &index, int role) const override;

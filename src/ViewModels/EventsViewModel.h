@@ -23,8 +23,8 @@ public:
     /// Both must outlive the object.
     EventsViewModel(EventStoreService &eventStore, const Environment &environment);
 
-    /// Ascending, each with at least one event, each event under the day it starts on and under no other; a day's events
-    /// in ascending order of their starts.
+    /// Ascending, each with at least one event, each event under the day it starts on and under no other; a day's
+    /// events in ascending order of their starts.
     [[nodiscard]] const std::vector<DayEvents> &dayEvents() const { return m_dayEvents; }
     [[nodiscard]] bool isLoading() const { return m_isLoading; }
 

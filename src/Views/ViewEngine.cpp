@@ -1,6 +1,5 @@
 #include "Views/ViewEngine.h"
 
-#include "Platform/Foundation/Logger.h"
 #include "Views/Components/SymbolImageProvider.h"
 
 #include <QQmlComponent>
@@ -38,13 +37,12 @@ std::unique_ptr<QQuickItem> ViewEngine::makeMenuBarLabel()
 std::unique_ptr<QQuickItem> ViewEngine::make(const QString &view, const QVariantMap &properties)
 {
     QQmlComponent component(&m_engine, QUrl(QStringLiteral("qrc:/Mintaro/%1.qml").arg(view)));
-    // Asked for an object of a view with a fault, Qt 6.4 crashes.
-    std::unique_ptr<QObject> object(component.isReady() ? component.createWithInitialProperties(properties) : nullptr);
+    if (!component.isReady())
+        qFatal("%s", qUtf8Printable(component.errorString()));
+    std::unique_ptr<QObject> object(component.createWithInitialProperties(properties));
     auto *item = qobject_cast<QQuickItem *>(object.get());
-    if (!item) {
-        Logger(QStringLiteral("Views")).error(component.errorString());
-        return nullptr;
-    }
+    if (!item)
+        qFatal("%s is no item: %s", qUtf8Printable(view), qUtf8Printable(component.errorString()));
     object.release();
     return std::unique_ptr<QQuickItem>(item);
 }

@@ -17,7 +17,7 @@ public:
     /// All must outlive the object and the items that it makes.
     ViewEngine(AppState &appState, MenuBarLabel &label, const Appearance &appearance);
 
-    /// Null, with a log line, where the view does not load, which is a fault of the build.
+    /// Never null: a view that does not load is a fault of the build and ends the program with the reason.
     [[nodiscard]] std::unique_ptr<QQuickItem> makeMainPopoverView();
     [[nodiscard]] std::unique_ptr<QQuickItem> makeMenuBarLabel();
 

@@ -21,7 +21,6 @@ MenuItem separator()
 
 MintaroApp::MintaroApp(const ContextOptions &options)
     : m_context(options)
-    , m_timeMonitor(m_context.environment())
     , m_workspace(AppContext::calendarConfigurationFolder())
     , m_appState(m_context.dependencies(m_workspace))
     , m_label(m_appState)
@@ -45,6 +44,7 @@ MintaroApp::~MintaroApp() = default;
 
 void MintaroApp::start()
 {
+    m_context.followSystemTime();
     updateStatusItem();
     updateMenu();
     updateIconColor();
@@ -104,8 +104,6 @@ void MintaroApp::onHostChanged(StatusHost host)
     if (m_chip)
         return;
     m_chipContent = views().makeMenuBarLabel();
-    if (!m_chipContent)
-        return;
     m_chip = std::make_unique<PanelChip>();
     connect(m_chip.get(), &PanelChip::clicked, this, [this] { popover().toggleAt(chipCenter()); });
     m_chip->setContent(m_chipContent.get());

@@ -6,7 +6,6 @@
 #include "Platform/AppKit/PanelChip.h"
 #include "Platform/AppKit/PopoverWindow.h"
 #include "Platform/AppKit/StatusItem.h"
-#include "Platform/Foundation/SystemTimeMonitor.h"
 #include "Views/Main/MenuBarLabel.h"
 #include "Views/ViewEngine.h"
 
@@ -37,7 +36,6 @@ private:
     [[nodiscard]] PopoverWindow &popover();
 
     AppContext m_context;
-    SystemTimeMonitor m_timeMonitor;
     DesktopWorkspace m_workspace;
     Appearance m_appearance;
     AppState m_appState;

@@ -47,8 +47,6 @@ public:
     {
         const auto popover = m_views.makeMainPopoverView();
         const auto label = m_views.makeMenuBarLabel();
-        if (!popover || !label)
-            throw std::runtime_error("a view does not load");
         save(*popover, QStringLiteral("popover-noaccess"));
         QCoro::waitFor(m_appState.requestAccessAndLoad());
         save(*label, QStringLiteral("label"));

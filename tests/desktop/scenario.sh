@@ -1,5 +1,5 @@
 # What the scenarios share; to be sourced. Expects the folder of the programs and one for pictures as $1 and $2, and starts the
-# scenario's function `scenario` inside a session.
+# scenario anew inside a session with the panel that it names in $panel.
 
 bin=$1
 pictures=$2

@@ -17,6 +17,8 @@ public:
     };
 
     bool isAccessible = true;
+    /// Called at each request for access, before the answer; may change the answer or throw it.
+    std::function<void()> onRequestAccess = [] {};
     std::vector<StoreCollection> held;
     std::map<QString, std::map<QString, Object>> contents;
     int reads = 0;
@@ -39,7 +41,11 @@ public:
 
     void tell(const StoreChanges &changes) const { m_handler(changes); }
 
-    [[nodiscard]] bool requestAccess() override { return isAccessible; }
+    [[nodiscard]] bool requestAccess() override
+    {
+        onRequestAccess();
+        return isAccessible;
+    }
     [[nodiscard]] std::vector<StoreCollection> collections() override { return held; }
 
     [[nodiscard]] std::vector<ObjectState> objects(const QString &collection) override

@@ -6,6 +6,7 @@
 #include <QString>
 
 #include <ostream>
+#include <stdexcept>
 
 // How values look in a failure's message, and how they are written in tests.
 
@@ -21,12 +22,12 @@ namespace mintaro {
 /// "2026-03-07 09:30" in a zone, "2026-03-07" at midnight, in UTC where none is given. Fails loudly on any other text.
 inline Date at(const char *text, const TimeZone &timeZone = TimeZone())
 {
-    QDateTime reading = QDateTime::fromString(QLatin1String(text), QStringLiteral("yyyy-MM-dd HH:mm"));
-    if (!reading.isValid())
-        reading = QDateTime::fromString(QLatin1String(text), QStringLiteral("yyyy-MM-dd"));
+    const QString words = QLatin1String(text);
+    // Read as UTC, since the system's zone may lack the reading.
+    const QDateTime reading
+        = QDateTime::fromString(words + QLatin1String(words.size() > 10 ? ":00Z" : " 00:00:00Z"), Qt::ISODate);
     if (!reading.isValid())
         throw std::invalid_argument(text);
-    reading.setTimeSpec(Qt::UTC);
     return timeZone.toInstant(LocalTime { std::chrono::seconds { reading.toSecsSinceEpoch() } });
 }
 
@@ -39,5 +40,8 @@ inline TimeZone zone(const char *name)
 {
     return TimeZone::named(QLatin1String(name)).value();
 }
+
+/// The name of a row, which is its first member, in the name of its test.
+inline constexpr auto kRowName = [](const auto &info) { return std::string(info.param.name); };
 
 } // namespace mintaro

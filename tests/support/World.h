@@ -10,6 +10,18 @@
 
 namespace mintaro {
 
+/// The lines that say when: from a moment to a moment, both in the basic form of iCalendar.
+inline QByteArray during(const char *start, const char *end)
+{
+    return QByteArray("DTSTART:") + start + "\nDTEND:" + end;
+}
+
+/// A whole day, in the basic form of iCalendar.
+inline QByteArray allDay(const char *day)
+{
+    return QByteArray("DTSTART;VALUE=DATE:") + day;
+}
+
 /// A clock that a test moves.
 class FakeClock final : public Clock
 {
@@ -50,12 +62,15 @@ struct World
         backend->addCollection(QLatin1String(identifier)).color = Color::fromHex(QString::fromLatin1(color));
     }
 
-    /// `times`: whatever lines of a VEVENT say when, without line ends at the end.
-    void addEvent(const char *calendar, const char *uid, const QByteArray &times)
+    /// `lines`: whatever the VEVENT holds besides its UID, with "\n" between; a title other than the UID as SUMMARY.
+    void addEvent(const char *calendar, const char *uid, const QByteArray &lines)
     {
-        add(calendar, uid, "VEVENT", times);
+        add(calendar, uid, "VEVENT", lines);
     }
-    void addReminder(const char *list, const char *uid, const QByteArray &times) { add(list, uid, "VTODO", times); }
+    void addReminder(const char *list, const char *uid, const QByteArray &lines) { add(list, uid, "VTODO", lines); }
+
+    /// Has the store tell of a change of everything.
+    void tellOfChange() const { backend->tell({ .collections = true, .objects = {} }); }
 
     AppState &state()
     {
@@ -71,6 +86,8 @@ struct World
         return state();
     }
 
+    void destroyState() { m_state.reset(); }
+
     QTemporaryDir folder;
     FakeClock clock;
     Environment environment;
@@ -81,10 +98,11 @@ struct World
     std::shared_ptr<CalendarDatabase> database;
 
 private:
-    void add(const char *calendar, const char *uid, const QByteArray &component, const QByteArray &times)
+    void add(const char *calendar, const char *uid, const QByteArray &component, const QByteArray &lines)
     {
-        const QByteArray text = "BEGIN:VCALENDAR\r\nVERSION:2.0\r\nBEGIN:" + component + "\r\nUID:" + uid
-            + "\r\nSUMMARY:" + uid + "\r\n" + times + "\r\nEND:" + component + "\r\nEND:VCALENDAR\r\n";
+        const QByteArray title = lines.contains("SUMMARY:") ? QByteArray() : QByteArray("SUMMARY:") + uid + '\n';
+        const QByteArray text = "BEGIN:VCALENDAR\nVERSION:2.0\nBEGIN:" + component + "\nUID:" + uid + '\n' + title
+            + lines + "\nEND:" + component + "\nEND:VCALENDAR\n";
         backend->put(QLatin1String(calendar), QLatin1String(uid) + QStringLiteral(".ics"), text);
     }
 

@@ -74,18 +74,10 @@ void PanelChip::showChip()
     show();
 }
 
-void PanelChip::hideChip()
-{
-    hide();
-}
-
 void PanelChip::mousePressEvent(QMouseEvent *event)
 {
-    if (event->button() == Qt::LeftButton) {
+    if (event->button() == Qt::LeftButton)
         Q_EMIT clicked(event->globalPosition().toPoint());
-    } else if (event->button() == Qt::RightButton) {
-        Q_EMIT menuRequested(event->globalPosition().toPoint());
-    }
 }
 
 } // namespace mintaro

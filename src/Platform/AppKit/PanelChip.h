@@ -20,13 +20,10 @@ public:
 
     /// Shows the chip. Elsewhere than on X11, where a program cannot place its windows, it costs a log line instead.
     void showChip();
-    void hideChip();
 
 Q_SIGNALS:
     /// The left button, at this point of the screen.
     void clicked(QPoint where);
-    /// The right button.
-    void menuRequested(QPoint where);
 
 protected:
     void mousePressEvent(QMouseEvent *event) override;

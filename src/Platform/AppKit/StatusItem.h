@@ -25,8 +25,6 @@ class StatusItem : public QObject
     Q_OBJECT
 
 public:
-    using Host = StatusHost;
-
     explicit StatusItem(QObject *parent = nullptr);
     ~StatusItem() override;
 

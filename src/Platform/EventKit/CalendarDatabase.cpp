@@ -259,7 +259,11 @@ void CalendarDatabase::read(Collection &collection, const ObjectState &state)
         content = readCalendarObject(*text, collection.info.userAddresses);
     if (!content.complaints.isEmpty())
         complain(collection, state.name, content.complaints.join(QStringLiteral("; ")));
-    collection.contents.set(state, std::move(content));
+    // An object that can no longer be read is most likely being written: the end of that is a change of its own.
+    if (held && content.isUnreadable())
+        collection.contents.keep(state);
+    else
+        collection.contents.set(state, std::move(content));
 }
 
 void CalendarDatabase::finish(Collection &collection)

@@ -33,6 +33,8 @@ public:
     [[nodiscard]] QStringList names() const;
     /// After set and remove, and before anything else, comes rebuild.
     void set(const ObjectState &state, CalendarObject content);
+    /// A new revision of an object that is held, without new content.
+    void keep(const ObjectState &state) { m_objects[state.name].revision = state.revision; }
     void remove(const QString &name);
     /// Makes identifiers and indices anew. `duplicate` is told of objects that turn out to repeat the UID of an earlier
     /// one.

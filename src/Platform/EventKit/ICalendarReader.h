@@ -17,6 +17,9 @@ struct CalendarObject
     std::vector<std::shared_ptr<ReminderRecord>> reminders;
     /// What could not be read or was read with a guess, for the log. The rest was read.
     QStringList complaints;
+
+    /// Not so for an object that holds nothing and is well-formed.
+    [[nodiscard]] bool isUnreadable() const { return events.empty() && reminders.empty() && !complaints.isEmpty(); }
 };
 
 /// Parses an object (RFC 5545 3.4), also one of many events or a bare component. `userAddresses`: the user's own e-mail

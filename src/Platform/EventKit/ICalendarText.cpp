@@ -8,7 +8,6 @@ namespace mintaro {
 
 namespace {
 
-constexpr qsizetype kMaximumSize = 16 * 1024 * 1024;
 /// The parser's cost grows with the square of a line that is not folded.
 constexpr qsizetype kMaximumLine = 256 * 1024;
 constexpr int kMaximumParameters = 100;
@@ -82,10 +81,9 @@ QString decodeMixed(QByteArrayView bytes)
 
 std::optional<QString> refusalOf(const QByteArray &text)
 {
-    if (text.size() > kMaximumSize)
-        return QStringLiteral("larger than 16 MiB");
     ParameterCounter parameters;
     int depth = 0;
+    int strayEnds = 0;
     for (qsizetype begin = 0; begin < text.size();) {
         qsizetype end = text.indexOf('\n', begin);
         if (end < 0)
@@ -98,6 +96,12 @@ std::optional<QString> refusalOf(const QByteArray &text)
         depth += startsWithKeyword(line, "BEGIN:") - startsWithKeyword(line, "END:");
         if (depth > kMaximumDepth)
             return QStringLiteral("components nested too deeply");
+        // An END that ends nothing must not make room for more depth; the parser complains of each aloud.
+        if (depth < 0) {
+            depth = 0;
+            if (++strayEnds > kMaximumDepth)
+                return QStringLiteral("many an END without a BEGIN");
+        }
         begin = end + 1;
     }
     return std::nullopt;

@@ -96,10 +96,11 @@ private:
     [[nodiscard]] LocalTime ownReading(const EventTime &time) const;
     void name(const EventTime &time, StartSet &set) const;
     template <typename Visit>
-    bool forEach(const RecurrenceRule &rule, RuleIterator::First first, Visit &&visit);
+    bool forEach(const RecurrenceRule &rule, Visit &&visit);
     [[nodiscard]] bool isPast(const RecurrenceRule::Until &until, LocalTime reading) const;
     [[nodiscard]] bool collectStarts();
     [[nodiscard]] bool collectExcluded();
+    void addFirst();
     void addDates();
     [[nodiscard]] const SeriesException *governing(const Start &start) const;
     [[nodiscard]] Occurrence shifted(const SeriesException &exception, const Start &start) const;
@@ -168,9 +169,9 @@ bool Expansion::isPast(const RecurrenceRule::Until &until, LocalTime reading) co
 
 /// Visits the readings from m_from to m_to; false where the rule costs too much or has too many of them.
 template <typename Visit>
-bool Expansion::forEach(const RecurrenceRule &rule, RuleIterator::First first, Visit &&visit)
+bool Expansion::forEach(const RecurrenceRule &rule, Visit &&visit)
 {
-    RuleIterator iterator(rule, m_master.start.reading, m_to, first, m_budget);
+    RuleIterator iterator(rule, m_master.start.reading, m_to, m_budget);
     iterator.skipTo(m_from);
     std::int64_t visited = 0;
     while (const auto reading = iterator.next()) {
@@ -188,13 +189,17 @@ bool Expansion::forEach(const RecurrenceRule &rule, RuleIterator::First first, V
 bool Expansion::collectStarts()
 {
     bool complete = true;
+    if (m_recurrence.rules.empty())
+        addFirst();
     for (const auto &rule : m_recurrence.rules) {
         const std::size_t before = m_starts.size();
-        const bool fits = forEach(rule, RuleIterator::First::Always, [this](LocalTime reading) {
+        const bool fits = forEach(rule, [this](LocalTime reading) {
             m_starts.push_back({ keyOf(reading), reading, std::nullopt });
         });
-        if (!fits)
+        if (!fits) {
             m_starts.resize(before);
+            addFirst();
+        }
         complete = complete && fits;
     }
     addDates();
@@ -207,10 +212,16 @@ bool Expansion::collectStarts()
     return complete;
 }
 
-void Expansion::addDates()
+/// The event's own start, where there is no rule to say whether it is an occurrence.
+void Expansion::addFirst()
 {
     const LocalTime first = m_master.start.reading;
     m_starts.push_back({ keyOf(first), first, std::nullopt });
+}
+
+void Expansion::addDates()
+{
+    const LocalTime first = m_master.start.reading;
     for (const auto &added : m_recurrence.addedDates) {
         LocalTime reading = ownReading(added.start);
         if (added.start.form == TimeForm::Day && m_master.start.form != TimeForm::Day)
@@ -223,9 +234,7 @@ bool Expansion::collectExcluded()
 {
     bool complete = true;
     for (const auto &rule : m_recurrence.excludingRules) {
-        complete = forEach(rule, RuleIterator::First::IfMatching, [this](LocalTime reading) {
-            m_excluded.add(keyOf(reading));
-        }) && complete;
+        complete = forEach(rule, [this](LocalTime reading) { m_excluded.add(keyOf(reading)); }) && complete;
     }
     for (const auto &date : m_recurrence.excludedDates)
         name(date, m_excluded);

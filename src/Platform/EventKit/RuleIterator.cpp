@@ -64,8 +64,7 @@ local_days monthStart(std::int64_t index)
 
 } // namespace
 
-RuleIterator::RuleIterator(
-    const RecurrenceRule &rule, LocalTime start, LocalTime limit, First first, ExpansionBudget &budget)
+RuleIterator::RuleIterator(const RecurrenceRule &rule, LocalTime start, LocalTime limit, ExpansionBudget &budget)
     : m_rule(rule)
     , m_budget(budget)
     , m_filter(rule, floor<days>(start))
@@ -74,8 +73,6 @@ RuleIterator::RuleIterator(
     , m_limit(limit)
     , m_offsets(makeOffsets())
     , m_period(-1)
-    , m_startDue(first == First::Always)
-    , m_startTaken(first == First::Always)
 {
 }
 
@@ -126,7 +123,8 @@ RuleIterator::Span RuleIterator::span(std::int64_t period) const
     }
     case Frequency::Weekly: {
         const local_days begin = m_startDay - (weekday { m_startDay } - m_rule.weekStart) + weeks { step };
-        return { begin, begin + weeks { 1 } };
+        // The first week begins with the start, also for BYSETPOS: so the other calendars that count places in weeks.
+        return { std::max(begin, m_startDay), begin + weeks { 1 } };
     }
     default: {
         const local_days day = m_startDay + days { isSubDaily() ? period : step };
@@ -158,12 +156,17 @@ void RuleIterator::skipTo(LocalTime from)
         m_period = std::max(m_period, periodOf(floor<days>(from)) - 2);
 }
 
-bool RuleIterator::matchesClock(seconds timeOfDay) const
+/// The unit of the clock whose list leaves a reading out; zero where all lists take it.
+seconds RuleIterator::refusingUnit(seconds timeOfDay) const
 {
     const hh_mm_ss time { timeOfDay };
-    return allows(m_rule.byHour, time.hours().count())
-        && (m_rule.frequency > Frequency::Minutely || allows(m_rule.byMinute, time.minutes().count()))
-        && (m_rule.frequency > Frequency::Secondly || allows(m_rule.bySecond, time.seconds().count()));
+    if (!allows(m_rule.byHour, time.hours().count()))
+        return hours { 1 };
+    if (m_rule.frequency <= Frequency::Minutely && !allows(m_rule.byMinute, time.minutes().count()))
+        return minutes { 1 };
+    if (m_rule.frequency == Frequency::Secondly && !allows(m_rule.bySecond, time.seconds().count()))
+        return seconds { 1 };
+    return seconds { 0 };
 }
 
 void RuleIterator::addUnits(local_days day)
@@ -173,9 +176,13 @@ void RuleIterator::addUnits(local_days day)
     const LocalTime first = m_start - (m_start - m_startDay) % unit;
     const seconds behind = LocalTime { day } - first;
     const seconds ahead = behind.count() <= 0 ? -behind : (step - behind % step) % step;
-    for (seconds time = ahead; time < days { 1 } && m_budget.spend(); time += step) {
-        if (matchesClock(time))
+    for (seconds time = ahead; time < days { 1 } && m_budget.spend();) {
+        const seconds refused = refusingUnit(time);
+        if (refused.count() == 0)
             m_bases.push_back(LocalTime { day } + time);
+        // What is left of a refused hour or minute is passed over at once.
+        const seconds distance = refused.count() == 0 ? step : refused - time % refused;
+        time += (distance + step - seconds { 1 }) / step * step;
     }
 }
 
@@ -210,19 +217,10 @@ LocalTime RuleIterator::element(std::size_t index) const
     return m_bases[place / m_offsets.size()] + m_offsets[place % m_offsets.size()];
 }
 
-bool RuleIterator::accept(LocalTime reading)
-{
-    return reading > m_start || (reading == m_start && !m_startTaken);
-}
-
 std::optional<LocalTime> RuleIterator::next()
 {
     if (m_rule.count && m_returned >= *m_rule.count)
         return std::nullopt;
-    if (std::exchange(m_startDue, false)) {
-        ++m_returned;
-        return m_start;
-    }
     for (;;) {
         while (m_index >= m_size) {
             if (!advance())
@@ -231,7 +229,7 @@ std::optional<LocalTime> RuleIterator::next()
         const LocalTime reading = element(m_index++);
         if (reading > m_limit || !m_budget.spend())
             return std::nullopt;
-        if (accept(reading)) {
+        if (reading >= m_start) {
             ++m_returned;
             return reading;
         }

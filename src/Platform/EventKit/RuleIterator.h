@@ -25,11 +25,10 @@ struct ExpansionBudget
 class RuleIterator
 {
 public:
-    /// Whether `start` is an occurrence also where the rule does not match it; it counts then (RFC 5545 3.3.10, COUNT).
-    enum class First { Always, IfMatching };
-
-    /// Readings up to `limit`, inclusive. `rule` and `budget` must outlive the iterator.
-    RuleIterator(const RecurrenceRule &rule, LocalTime start, LocalTime limit, First first, ExpansionBudget &budget);
+    /// Readings from `start` up to `limit`, both inclusive. A start that the rule does not match is left out and does
+    /// not count: RFC 5545 3.8.5.3 leaves it open, and other calendars do so. `rule` and `budget` must outlive the
+    /// iterator.
+    RuleIterator(const RecurrenceRule &rule, LocalTime start, LocalTime limit, ExpansionBudget &budget);
 
     /// Leaves out what is before `from`, at no cost. Does nothing for a rule with COUNT: its occurrences must be
     /// counted.
@@ -51,9 +50,8 @@ private:
     [[nodiscard]] std::int64_t periodOf(std::chrono::local_days day) const;
     [[nodiscard]] bool advance();
     void addUnits(std::chrono::local_days day);
-    [[nodiscard]] bool matchesClock(std::chrono::seconds timeOfDay) const;
+    [[nodiscard]] std::chrono::seconds refusingUnit(std::chrono::seconds timeOfDay) const;
     [[nodiscard]] LocalTime element(std::size_t index) const;
-    [[nodiscard]] bool accept(LocalTime reading);
 
     const RecurrenceRule &m_rule;
     ExpansionBudget &m_budget;
@@ -69,8 +67,6 @@ private:
     std::size_t m_size = 0;
     std::int64_t m_period = 0;
     int m_returned = 0;
-    bool m_startDue;
-    bool m_startTaken;
 };
 
 } // namespace mintaro

@@ -98,7 +98,7 @@ private:
         if (!rule || rule->frequency != RecurrenceRule::Frequency::Yearly)
             return;
         const LocalTime last = kLastOnset;
-        RuleIterator onsets(*rule, start, last, RuleIterator::First::IfMatching, m_budget);
+        RuleIterator onsets(*rule, start, last, m_budget);
         while (const auto onset = onsets.next()) {
             const LocalTime compared = rule->until && rule->until->isUtc ? *onset - m_from : *onset;
             if (rule->until && compared > rule->until->reading)

@@ -1,12 +1,14 @@
 #include "Platform/Foundation/UserDefaults.h"
 
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QStandardPaths>
 
 #include <cmath>
+#include <sys/stat.h>
 
 namespace mintaro {
 
@@ -100,6 +102,7 @@ UserDefaults::UserDefaults(const QString &file, Logger logger)
 {
     QDir().mkpath(QFileInfo(m_file).path());
     m_values = readAll();
+    [[maybe_unused]] const bool isNew = isUntouched();
     watchFile();
     connect(&m_watcher, &QFileSystemWatcher::directoryChanged, this, &UserDefaults::reload);
     connect(&m_watcher, &QFileSystemWatcher::fileChanged, this, &UserDefaults::reload);
@@ -138,8 +141,23 @@ void UserDefaults::watchFile()
         m_watcher.addPath(m_file);
 }
 
+bool UserDefaults::isUntouched()
+{
+    struct stat status
+    {
+    };
+    std::array<qint64, 3> state {};
+    if (::stat(QFile::encodeName(m_file).constData(), &status) == 0)
+        state = { static_cast<qint64>(status.st_ino), status.st_size,
+            status.st_mtim.tv_sec * qint64 { 1'000'000'000 } + status.st_mtim.tv_nsec };
+    return std::exchange(m_state, state) == state;
+}
+
 void UserDefaults::reload()
 {
+    // The folder holds other files too, temporary ones of our own among them.
+    if (isUntouched())
+        return;
     // Programs that replace a file by renaming take its watch away.
     watchFile();
     const QMap<QString, QString> before = std::exchange(m_values, readAll());

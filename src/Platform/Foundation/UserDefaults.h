@@ -8,6 +8,7 @@
 #include <QSettings>
 #include <QStringList>
 
+#include <array>
 #include <memory>
 #include <optional>
 
@@ -15,8 +16,8 @@ namespace mintaro {
 
 /// The preferences: a file of `Key=value` lines that people may write by hand while the program runs. Text stands raw;
 /// booleans are 1, true, yes and 0, false, no in any case; lists and data carry a mark ("@array", "@data"). A file that
-/// cannot be parsed or written is never written over: a log line says so, and changes last as long as the process. For
-/// the main thread.
+/// cannot be parsed or written is never written over: a log line says so, and changes last as long as the process.
+/// Comments are read over, and gone once the program writes. For the main thread.
 class UserDefaults : public QObject
 {
     Q_OBJECT
@@ -57,6 +58,7 @@ private:
     void write(const QString &key, const std::optional<QString> &value);
     void reload();
     void watchFile();
+    [[nodiscard]] bool isUntouched();
     [[nodiscard]] QMap<QString, QString> readAll();
 
     const QString m_file;
@@ -64,6 +66,8 @@ private:
     std::unique_ptr<QSettings> m_settings;
     bool m_isReadOnly = false;
     QMap<QString, QString> m_values;
+    /// Of the file when it was last looked at: inode, size and time of change in ns; zeros where there was none.
+    std::array<qint64, 3> m_state {};
     QFileSystemWatcher m_watcher;
 };
 

@@ -97,7 +97,7 @@ Item {
             rightPadding: 10
             contentItem: Text {
                 text: settings.accessibleName
-                font: Theme.caption2
+                font: Theme.caption
                 color: Theme.accentText
             }
             onClicked: controller.openPrivacySettings()

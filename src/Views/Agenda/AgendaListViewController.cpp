@@ -1,7 +1,6 @@
 #include "Views/Agenda/AgendaListViewController.h"
 
 #include <QCoreApplication>
-#include <QLocale>
 
 namespace mintaro {
 
@@ -34,19 +33,19 @@ void AgendaListViewController::setState(State state)
 
 std::vector<AgendaListViewController::Row> AgendaListViewController::rows(const std::vector<DayEvents> &days) const
 {
+    const Calendar calendar = m_appState->environment().calendar();
     std::vector<Row> rows;
     for (const DayEvents &day : days) {
-        rows.push_back(headerRow(day.date));
+        rows.push_back(headerRow(day.date, calendar));
         for (const CalendarEvent &event : day.events)
-            rows.push_back(itemRow(event, day.date));
+            rows.push_back(itemRow(event, day.date, calendar));
     }
     return rows;
 }
 
-AgendaListViewController::Row AgendaListViewController::headerRow(Date day) const
+AgendaListViewController::Row AgendaListViewController::headerRow(Date day, const Calendar &calendar) const
 {
     const Environment &environment = m_appState->environment();
-    const Calendar calendar = environment.calendar();
     const Date now = environment.now();
     const auto tomorrow = calendar.dateByAdding(Calendar::Component::Day, 1, now);
     Row row;
@@ -58,22 +57,21 @@ AgendaListViewController::Row AgendaListViewController::headerRow(Date day) cons
         row.title = qtTrId("Tomorrow");
     else
         row.title = m_dayFormat->string(day, environment.timeZone());
-    row.title = QLocale(environment.locale().identifier()).toUpper(row.title);
     return row;
 }
 
-AgendaListViewController::Row AgendaListViewController::itemRow(const CalendarEvent &event, Date day) const
+AgendaListViewController::Row AgendaListViewController::itemRow(
+    const CalendarEvent &event, Date day, const Calendar &calendar) const
 {
     const Environment &environment = m_appState->environment();
     Row row;
-    row.key = dateKey(day, environment.calendar()) + u'/' + event.id + u'/'
-        + QString::number(event.startDate.time_since_epoch().count());
+    row.key
+        = dateKey(day, calendar) + u'/' + event.id + u'/' + QString::number(event.startDate.time_since_epoch().count());
     row.kind = event.isReminder ? Reminder : Event;
     row.title = event.title;
     row.color = event.calendarColor;
     if (event.isReminder) {
         row.isCompleted = event.isCompleted;
-        row.hasLink = event.reminderURL.has_value();
         return row;
     }
     row.timeRange = event.timeRange(environment.timeZone());
@@ -157,8 +155,6 @@ QVariant AgendaListViewController::data(const QModelIndex &index, int role) cons
         return row.isPast;
     case IsCompletedRole:
         return row.isCompleted;
-    case HasLinkRole:
-        return row.hasLink;
     case AccessibleNameRole:
         return accessibleName(row);
     default:
@@ -171,7 +167,7 @@ QHash<int, QByteArray> AgendaListViewController::roleNames() const
     return { { KindRole, "kind" }, { TitleRole, "title" }, { IsTodayRole, "isToday" }, { TimeRangeRole, "timeRange" },
         { LocationRole, "location" }, { ColorRole, "calendarColor" }, { ServiceRole, "service" },
         { ServiceSymbolRole, "serviceSymbol" }, { IsPastRole, "isPast" }, { IsCompletedRole, "isCompleted" },
-        { HasLinkRole, "hasLink" }, { AccessibleNameRole, "accessibleName" } };
+        { AccessibleNameRole, "accessibleName" } };
 }
 
 QString AgendaListViewController::accessibleName(const Row &row) const

@@ -33,7 +33,6 @@ public:
         ServiceSymbolRole,
         IsPastRole,
         IsCompletedRole,
-        HasLinkRole,
         AccessibleNameRole,
     };
     Q_ENUM(Role)
@@ -70,15 +69,14 @@ private:
         std::optional<MeetingInfo> meetingInfo;
         bool isPast = false;
         bool isCompleted = false;
-        bool hasLink = false;
         friend bool operator==(const Row &, const Row &) = default;
     };
 
     void update();
     void setState(State state);
     [[nodiscard]] std::vector<Row> rows(const std::vector<DayEvents> &days) const;
-    [[nodiscard]] Row headerRow(Date day) const;
-    [[nodiscard]] Row itemRow(const CalendarEvent &event, Date day) const;
+    [[nodiscard]] Row headerRow(Date day, const Calendar &calendar) const;
+    [[nodiscard]] Row itemRow(const CalendarEvent &event, Date day, const Calendar &calendar) const;
     [[nodiscard]] QString accessibleName(const Row &row) const;
     void replaceRows(std::vector<Row> rows);
 

@@ -17,7 +17,7 @@ Rectangle {
         id: label
         anchors { left: parent.left; right: parent.right; margins: Theme.margin; verticalCenter: parent.verticalCenter }
         text: root.title
-        font: Theme.captionSemibold
+        font: Theme.sectionHeading
         color: root.isToday ? Theme.accentText : Theme.secondary
         textFormat: Text.PlainText
         horizontalAlignment: Text.AlignLeft

@@ -25,6 +25,8 @@ Item {
     DragHandler {
         target: null
         yAxis.enabled: false
+        // Below it a press is a tap, however unsteady.
+        dragThreshold: 50
         grabPermissions: PointerHandler.CanTakeOverFromAnything
         onActiveChanged: if (!active) controller.endSwipe(centroid.scenePosition.x - centroid.scenePressPosition.x)
     }

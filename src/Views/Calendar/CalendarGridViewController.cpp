@@ -10,6 +10,8 @@ constexpr double kSwipeDistance = 50;
 constexpr int kDaysInWeek = 7;
 /// The first cell that belongs to the shown month in every month.
 constexpr std::size_t kCellInMonth = 10;
+/// That cell's day moves by less while the month stays, when the week's first day changes.
+constexpr std::chrono::days kDaysWithinMonth { 20 };
 
 } // namespace
 
@@ -23,6 +25,8 @@ void CalendarGridViewController::setAppState(AppState *appState)
         if (key == QLatin1String("WeekStartsOnMonday") || key == QLatin1String("ShowWeekNumbers"))
             Q_EMIT layoutChanged();
     });
+    connect(appState, &AppState::monthDateChanged, this, [this] { m_pendingDirection = 0; });
+    connect(appState, &AppState::monthNavigated, this, [this](int delta) { m_pendingDirection = delta < 0 ? -1 : 1; });
     connect(appState->calendarVM(), &CalendarViewModel::dataChanged, this, &CalendarGridViewController::onGridChanged);
     connect(
         appState->calendarVM(), &CalendarViewModel::isEmptyChanged, this, &CalendarGridViewController::onGridChanged);
@@ -65,8 +69,9 @@ void CalendarGridViewController::onGridChanged()
         return;
     const Date month = items[kCellInMonth].date;
     const Date before = std::exchange(m_shownMonth, month);
-    if (before != Date {} && std::chrono::abs(month - before) > std::chrono::days { 20 })
-        Q_EMIT monthShown(month < before ? -1 : 1);
+    const bool isOtherMonth = std::chrono::abs(month - before) > kDaysWithinMonth;
+    if (isOtherMonth && m_pendingDirection != 0)
+        Q_EMIT monthShown(std::exchange(m_pendingDirection, 0));
 }
 
 } // namespace mintaro

@@ -31,7 +31,7 @@ public:
 
 Q_SIGNALS:
     void layoutChanged();
-    /// The grid now shows another month, which lies this way: -1 for before, 1 for after.
+    /// The grid now shows another month that the user went to, which lies this way: -1 for before, 1 for after.
     void monthShown(int direction);
 
 private:
@@ -40,6 +40,8 @@ private:
     AppState *m_appState = nullptr;
     QStringList m_symbolsFromSunday;
     Date m_shownMonth {};
+    /// Which way the user went to a month that the grid does not show yet; 0 for no way.
+    int m_pendingDirection = 0;
 };
 
 } // namespace mintaro

@@ -60,7 +60,7 @@ Item {
         anchors { right: next.left; rightMargin: 3; verticalCenter: parent.verticalCenter }
         contentItem: Text {
             text: today.accessibleName
-            font: Theme.caption2
+            font: Theme.caption
             color: Theme.accentText
         }
         onClicked: controller.showToday()

@@ -34,6 +34,6 @@ Item {
         to: 360
         duration: 1000
         loops: Animation.Infinite
-        running: root.visible
+        running: root.visible && root.Window.visibility !== Window.Hidden
     }
 }

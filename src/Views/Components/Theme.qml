@@ -29,19 +29,16 @@ QtObject {
 
     // Text styles
     readonly property string family: "Inter"
-    readonly property font title3: Qt.font({ family: root.family, pixelSize: 15 })
     readonly property font headline: Qt.font({ family: root.family, pixelSize: 13, weight: Font.DemiBold })
     readonly property font body: Qt.font({ family: root.family, pixelSize: 13 })
     readonly property font bodyBold: Qt.font({ family: root.family, pixelSize: 13, weight: Font.Bold })
     readonly property font labelText: Qt.font({ family: root.family, pixelSize: 13, weight: Font.Medium })
     readonly property font callout: Qt.font({ family: root.family, pixelSize: 12 })
     readonly property font caption: Qt.font({ family: root.family, pixelSize: 10 })
-    readonly property font captionSemibold: Qt.font({ family: root.family, pixelSize: 10, weight: Font.DemiBold })
+    readonly property font sectionHeading: Qt.font({ family: root.family, pixelSize: 10, weight: Font.DemiBold, capitalization: Font.AllUppercase })
     readonly property font caption2: Qt.font({ family: root.family, pixelSize: 10, weight: Font.Medium })
 
     // Measures, in points
-    readonly property int popoverWidth: 320
-    readonly property int popoverHeight: 480
     readonly property int agendaHeight: 200
     readonly property int fadeHeight: 14
     readonly property int margin: 12
@@ -52,7 +49,7 @@ QtObject {
     /// What a day's dots take below its number, their spacing included.
     readonly property int dotsHeight: 8
     readonly property int borderWidth: 1
-    readonly property int cornerRadius: 12
+    readonly property int cornerRadius: ThemeController.cornerRadius
     readonly property int chipRadius: 6
     readonly property int controlRadius: 5
     readonly property int badgeRadius: 3

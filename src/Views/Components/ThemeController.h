@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Platform/AppKit/Appearance.h"
+#include "Platform/AppKit/PopoverWindow.h"
 #include "Platform/Foundation/UserDefaults.h"
 
 #include <QColor>
@@ -21,11 +22,13 @@ class ThemeController : public QObject
     Q_PROPERTY(bool isDark READ isDark NOTIFY changed)
     Q_PROPERTY(QColor accentFill READ accentFill NOTIFY changed)
     Q_PROPERTY(QColor accentText READ accentText NOTIFY changed)
+    Q_PROPERTY(QSize popoverSize READ popoverSize CONSTANT)
+    Q_PROPERTY(int cornerRadius READ cornerRadius CONSTANT)
 
 public:
     /// Both must outlive the object.
     ThemeController(const Appearance &appearance, const UserDefaults &defaults);
-    /// The one that setThemeController() gave to the engine.
+    /// The one that stands as the engine's property "themeController".
     static ThemeController *create(QQmlEngine *engine, QJSEngine *scriptEngine);
 
     [[nodiscard]] bool isDark() const;
@@ -33,6 +36,9 @@ public:
     [[nodiscard]] QColor accentFill() const;
     /// As text or symbol on the window's ground, with a contrast of at least 4.5 to 1.
     [[nodiscard]] QColor accentText() const;
+    // The window decides, for its shadow and its mask follow them.
+    [[nodiscard]] static QSize popoverSize() { return PopoverWindow::kCardSize; }
+    [[nodiscard]] static int cornerRadius() { return PopoverWindow::kCornerRadius; }
 
 Q_SIGNALS:
     void changed();

@@ -7,8 +7,8 @@ FocusScope {
 
     required property AppState appState
 
-    width: Theme.popoverWidth
-    height: Theme.popoverHeight
+    width: ThemeController.popoverSize.width
+    height: ThemeController.popoverSize.height
     focus: true
 
     Rectangle {

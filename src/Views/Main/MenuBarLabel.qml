@@ -14,9 +14,9 @@ Rectangle {
     height: root.implicitHeight
     radius: Theme.chipRadius
     color: Theme.background
-    border.width: 1
+    border.width: Theme.borderWidth
     border.color: Theme.border
-    Accessible.role: Accessible.Button
+    Accessible.role: Accessible.StaticText
     Accessible.name: root.label.text
 
     Row {
@@ -28,9 +28,10 @@ Rectangle {
             name: "calendar"
             anchors.verticalCenter: parent.verticalCenter
         }
-        LabelText {
+        TabularText {
             text: root.label.formattedDate
             visible: text !== ""
+            anchors.verticalCenter: parent.verticalCenter
         }
         LabelText {
             text: "\u00b7"
@@ -48,10 +49,11 @@ Rectangle {
             text: root.label.title
             visible: root.label.showsNextEvent
         }
-        LabelText {
+        TabularText {
             text: root.label.countdown
             color: Theme.blue
             visible: root.label.countdown !== ""
+            anchors.verticalCenter: parent.verticalCenter
         }
     }
 

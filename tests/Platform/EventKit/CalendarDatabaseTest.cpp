@@ -154,6 +154,37 @@ TEST_F(Database, SeriesFollowAChangeOfTheirObject)
     EXPECT_EQ(events().size(), 3u);
 }
 
+struct UnreadableRow
+{
+    const char *rule;
+    const char *text;
+    QStringList titles;
+};
+
+class UnreadableObject : public Database, public ::testing::WithParamInterface<UnreadableRow>
+{
+};
+
+TEST_P(UnreadableObject, KeepsItsContentUntilItCanBeRead)
+{
+    put(eventOf("SUMMARY:old\nDTSTART:20260301T090000Z"));
+    EXPECT_EQ(titles(events()), QStringList { QStringLiteral("old") });
+    put(GetParam().text);
+    backend->tell({ false, { { QStringLiteral("work"), { QStringLiteral("a.ics") } } } });
+    EXPECT_EQ(titles(events()), GetParam().titles);
+    put(eventOf("SUMMARY:new\nDTSTART:20260301T090000Z"));
+    backend->tell({ false, { { QStringLiteral("work"), { QStringLiteral("a.ics") } } } });
+    EXPECT_EQ(titles(events()), QStringList { QStringLiteral("new") });
+}
+
+INSTANTIATE_TEST_SUITE_P(Table, UnreadableObject,
+    ::testing::Values(UnreadableRow { "Empty", "", { QStringLiteral("old") } },
+        UnreadableRow { "NoCalendar", "half of a fi", { QStringLiteral("old") } },
+        UnreadableRow {
+            "CutBeforeItsStart", "BEGIN:VCALENDAR\nBEGIN:VEVENT\nUID:one\nSUMM", { QStringLiteral("old") } },
+        UnreadableRow { "WellFormedAndBare", "BEGIN:VCALENDAR\nVERSION:2.0\nEND:VCALENDAR\n", {} }),
+    [](const auto &row) { return std::string(row.param.rule); });
+
 TEST_F(Database, CollectionsComeAndGo)
 {
     put(eventOf(kHour));

@@ -32,8 +32,8 @@ INSTANTIATE_TEST_SUITE_P(Table, ZoneNames,
         ZoneRow { "Prefix", "/freeassociation.sourceforge.net/Europe/Berlin", "Europe/Berlin" },
         ZoneRow { "DatedPrefix", "/mozilla.org/20050126_1/Europe/Rome", "Europe/Rome" },
         ZoneRow { "PrefixThreeParts", "/x.org/America/Argentina/Buenos_Aires", "America/Argentina/Buenos_Aires" },
-        ZoneRow { "Alias", "GMT", "UTC" }, ZoneRow { "Nobody", "Office Time", "none" },
-        ZoneRow { "Empty", "", "none" }),
+        ZoneRow { "Link", "US/Eastern", "US/Eastern" }, ZoneRow { "Alias", "US-Eastern", "America/New_York" },
+        ZoneRow { "Nobody", "Office Time", "none" }, ZoneRow { "Empty", "", "none" }),
     [](const auto &row) { return std::string(row.param.rule); });
 
 constexpr char kLyingZone[] = "BEGIN:VTIMEZONE\nTZID:%1\nBEGIN:STANDARD\nDTSTART:19700101T000000\nTZOFFSETFROM:+0500\n"

@@ -21,7 +21,7 @@ TEST(Actor, RunsElsewhereAndComesBackOnEveryPath)
                     throw std::runtime_error("no");
             });
         } catch (const std::runtime_error &) {
-            co_return wasElsewhere && fails && QThread::currentThread() == here;
+            co_return wasElsewhere &&fails &&QThread::currentThread() == here;
         }
         co_return wasElsewhere && !fails && QThread::currentThread() == here;
     };

@@ -36,7 +36,8 @@ TEST(Calendar, AddsDaysAndMonthsByTheCalendar)
     };
     for (const auto &row : rows) {
         const TimeZone rowZone = zone(row.zoneName);
-        const auto result = calendar("en_US", row.zoneName).dateByAdding(row.component, row.value, at(row.from, rowZone));
+        const auto result
+            = calendar("en_US", row.zoneName).dateByAdding(row.component, row.value, at(row.from, rowZone));
         ASSERT_TRUE(result) << row.rule;
         EXPECT_EQ(text(*result), text(at(row.expected, rowZone))) << row.rule;
     }

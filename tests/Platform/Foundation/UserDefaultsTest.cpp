@@ -9,7 +9,6 @@
 
 #include <gmock/gmock.h>
 
-
 namespace mintaro {
 
 class UserDefaultsTest : public testing::Test
@@ -111,7 +110,8 @@ TEST_F(UserDefaultsTest, FollowsChangesFromOutside)
 TEST_F(UserDefaultsTest, NeverWritesOverAFileItCannotRead)
 {
     ASSERT_TRUE(QDir().mkpath(folder.filePath(QStringLiteral("sub"))));
-    for (const QByteArray &broken : { QByteArray("no equals sign\n"), QByteArray("A=\xff\xfe\n"), QByteArray("A=\0B", 4) }) {
+    for (const QByteArray &broken :
+        { QByteArray("no equals sign\n"), QByteArray("A=\xff\xfe\n"), QByteArray("A=\0B", 4) }) {
         write(broken);
         log.clear();
         UserDefaults defaults(file, logger());

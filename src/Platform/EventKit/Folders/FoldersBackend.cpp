@@ -61,7 +61,8 @@ FoldersBackend::FoldersBackend(BaseFolders baseFolders, std::optional<QString> r
 
 bool FoldersBackend::requestAccess()
 {
-    if (!m_configuration)
+    // Read anew until it grants access: the user may have mended it meanwhile.
+    if (!m_isGranted)
         m_configuration = m_root ? StoreConfiguration::forRoot(*m_root) : StoreConfiguration::load(m_baseFolders);
     const std::vector<ConfiguredFolder> &folders = m_configuration->folders;
     if (m_configuration->isOwnRoot) {
@@ -69,12 +70,13 @@ bool FoldersBackend::requestAccess()
         if (!QFileInfo(folders.front().path).isDir())
             return false;
     }
-    return std::all_of(folders.begin(), folders.end(), [this](const ConfiguredFolder &folder) {
+    m_isGranted = std::all_of(folders.begin(), folders.end(), [this](const ConfiguredFolder &folder) {
         const QString problem = accessProblem(folder.path);
         if (!problem.isEmpty())
             report(folder.path, problem);
         return problem.isEmpty();
     });
+    return m_isGranted;
 }
 
 std::vector<StoreCollection> FoldersBackend::collections()

@@ -41,6 +41,7 @@ private:
     const std::optional<QString> m_root;
     const Logger m_logger;
     std::optional<StoreConfiguration> m_configuration;
+    bool m_isGranted = false;
     QSet<QString> m_reported;
     FolderWatcher m_watcher;
 };

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QString>
+
+#include <chrono>
+#include <cstdint>
+#include <memory>
+#include <vector>
+
+struct icalcomponent_impl;
+
+namespace mintaro::bench {
+
+/// The least that any program over libical does: what the engine's figures are compared with.
+class LibicalBaseline
+{
+public:
+    /// Reads and parses every .ics file of the sub-folders of `root`, and holds the components.
+    explicit LibicalBaseline(const QString &root);
+    ~LibicalBaseline();
+    LibicalBaseline(const LibicalBaseline &) = delete;
+    LibicalBaseline &operator=(const LibicalBaseline &) = delete;
+
+    /// How many occurrences overlap [begin, end), found by walking every series from its start.
+    [[nodiscard]] std::int64_t countOccurrences(std::chrono::sys_seconds begin, std::chrono::sys_seconds end) const;
+
+private:
+    std::vector<icalcomponent_impl *> m_components;
+};
+
+} // namespace mintaro::bench

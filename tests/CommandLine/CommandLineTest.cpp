@@ -1,0 +1,230 @@
+#include "support/Printers.h"
+
+#include <gmock/gmock.h>
+
+#include <QDir>
+#include <QFile>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QProcess>
+#include <QTemporaryDir>
+
+namespace mintaro {
+namespace {
+
+using testing::ElementsAre;
+
+struct Answer
+{
+    int status = -1;
+    QString output;
+    QString complaint;
+
+    [[nodiscard]] QStringList lines() const { return output.split(u'\n', Qt::SkipEmptyParts); }
+    [[nodiscard]] QJsonObject object() const { return QJsonDocument::fromJson(output.toUtf8()).object(); }
+};
+
+/// The real programs, in a home of their own.
+class CommandLineTest : public testing::Test
+{
+protected:
+    [[nodiscard]] QString path(const QString &relative) const { return m_folder.filePath(relative); }
+
+    Answer run(const QString &program, const QStringList &arguments, const QByteArray &input = {}) const
+    {
+        QProcess process;
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert(u"HOME"_qs, path(u"home"_qs));
+        environment.insert(u"XDG_CONFIG_HOME"_qs, path(u"sample/config"_qs));
+        environment.insert(u"XDG_DATA_HOME"_qs, path(u"data"_qs));
+        process.setProcessEnvironment(environment);
+        process.start(program, arguments);
+        process.write(input);
+        process.closeWriteChannel();
+        EXPECT_TRUE(process.waitForFinished());
+        EXPECT_EQ(process.exitStatus(), QProcess::NormalExit);
+        return { process.exitCode(), QString::fromUtf8(process.readAllStandardOutput()),
+            QString::fromUtf8(process.readAllStandardError()) };
+    }
+
+    Answer ask(const QStringList &arguments, const QByteArray &input = {}) const
+    {
+        return run(QStringLiteral(MINTAROCTL), arguments, input);
+    }
+
+    /// In Rome, on Wednesday 25 November 2026 at 10:17.
+    [[nodiscard]] QStringList then(const QStringList &arguments) const
+    {
+        return QStringList { u"--now"_qs, u"2026-11-25T10:17:30"_qs, u"--time-zone"_qs, u"Europe/Rome"_qs,
+            u"--locale"_qs, u"en_GB"_qs }
+        + arguments;
+    }
+
+    void writeSample() const
+    {
+        const Answer answer = run(QStringLiteral(MINTARO_SAMPLE_STORE),
+            { u"--now"_qs, u"2026-11-25T10:17:30"_qs, u"--time-zone"_qs, u"Europe/Rome"_qs, path(u"sample"_qs) });
+        ASSERT_EQ(answer.status, 0) << answer.complaint.toStdString();
+    }
+
+    /// A root with one calendar that holds `events`; gives the options that name it.
+    [[nodiscard]] QStringList storeOf(const QByteArray &events) const
+    {
+        EXPECT_TRUE(QDir().mkpath(path(u"root/work"_qs)));
+        QFile file(path(u"root/work/one.ics"_qs));
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write("BEGIN:VCALENDAR\nVERSION:2.0\n" + events + "END:VCALENDAR\n");
+        return { u"--store"_qs, path(u"root"_qs), u"--time-zone"_qs, u"Europe/Rome"_qs };
+    }
+
+private:
+    QTemporaryDir m_folder;
+};
+
+TEST_F(CommandLineTest, AgendaShowsTheDaysOfTheSample)
+{
+    writeSample();
+    const Answer answer = ask(then({ u"agenda"_qs }));
+    EXPECT_EQ(answer.status, 0);
+    ASSERT_GT(answer.lines().size(), 10);
+    EXPECT_EQ(answer.lines().constFirst(), u"Wednesday, 25 November 2026"_qs);
+    EXPECT_THAT(answer.lines(),
+        testing::Contains(testing::Property(
+            &QString::toStdString, testing::ContainsRegex("^  10:30 - 11:15   Design review  <https://.*zoom"))));
+    EXPECT_LT(answer.output.indexOf(u"All Day"_qs), answer.output.indexOf(u"10:30"_qs));
+
+    const Answer later = ask(then({ u"agenda"_qs, u"--from"_qs, u"2026-11-26"_qs, u"--json"_qs }));
+    const auto first = QJsonDocument::fromJson(later.lines().constFirst().toUtf8()).object();
+    EXPECT_EQ(first[QLatin1String("day")].toString(), u"2026-11-26"_qs);
+}
+
+TEST_F(CommandLineTest, NextAndStatusAgree)
+{
+    writeSample();
+    EXPECT_EQ(ask(then({ u"next"_qs })).output, u"Design review in 12 min (10:30 - 11:15)\n"_qs);
+    EXPECT_EQ(ask(then({ u"status"_qs })).output, u"25 Nov \u00b7 Design review in 12 min\n"_qs);
+    const QJsonObject next = ask(then({ u"next"_qs, u"--json"_qs })).object();
+    EXPECT_EQ(next[QLatin1String("start")].toString(), u"2026-11-25T10:30:00+01:00"_qs);
+    EXPECT_EQ(next[QLatin1String("countdown")].toString(), u"in 12 min"_qs);
+    const QJsonObject bar = ask(then({ u"status"_qs, u"--format"_qs, u"waybar"_qs })).object();
+    EXPECT_EQ(bar[QLatin1String("class")].toString(), u"soon"_qs);
+    EXPECT_EQ(bar[QLatin1String("tooltip")].toString(), u"Design review\n10:30 - 11:15"_qs);
+}
+
+TEST_F(CommandLineTest, LocaleAndZoneHold)
+{
+    writeSample();
+    const QStringList options { u"--now"_qs, u"2026-11-25T09:17:30Z"_qs, u"--time-zone"_qs, u"Asia/Kolkata"_qs,
+        u"--locale"_qs, u"it_IT"_qs };
+    EXPECT_EQ(ask(options + QStringList { u"next"_qs }).output, u"Design review tra 12 min (15:00 - 15:45)\n"_qs);
+}
+
+TEST_F(CommandLineTest, NextWithoutEventHasAStatusOfItsOwn)
+{
+    const Answer answer = ask(storeOf({}) + QStringList { u"next"_qs });
+    EXPECT_EQ(answer.status, 1);
+    EXPECT_TRUE(answer.output.isEmpty());
+}
+
+TEST_F(CommandLineTest, WaybarTextIsMarkup)
+{
+    const auto store = storeOf(
+        "BEGIN:VEVENT\nUID:a\nSUMMARY:R&D <b>\nDTSTART:20260310T090000Z\nDTEND:20260310T100000Z\nEND:VEVENT\n");
+    const Answer answer
+        = ask(store + QStringList { u"--now"_qs, u"2026-03-10T10:30"_qs, u"status"_qs, u"--format=waybar"_qs });
+    EXPECT_TRUE(answer.object()[QLatin1String("text")].toString().contains(u"R&amp;D &lt;b&gt;"_qs));
+    EXPECT_EQ(answer.object()[QLatin1String("class")].toString(), u"now"_qs);
+}
+
+class OccurrencesTest : public CommandLineTest
+{
+protected:
+    Answer march(const QStringList &form)
+    {
+        return ask(storeOf("BEGIN:VEVENT\nUID:a\nSUMMARY:tab\there\\nand \\\\ there\nDTSTART:20260310T090000Z\n"
+                           "DTEND:20260310T100000Z\nRRULE:FREQ=DAILY;COUNT=2\nEND:VEVENT\n"
+                           "BEGIN:VEVENT\nUID:b\nSUMMARY:Trip\nDTSTART;VALUE=DATE:20260312\nDTEND;VALUE=DATE:"
+                           "20260314\nEND:VEVENT\n")
+            + QStringList { u"occurrences"_qs, u"--from"_qs, u"20260301T000000Z"_qs, u"--to"_qs, u"2026-03-31"_qs }
+            + form);
+    }
+};
+
+TEST_F(OccurrencesTest, AsTabSeparatedValues)
+{
+    EXPECT_THAT(march({ u"--tsv"_qs }).lines(),
+        ElementsAre(u"a\t20260310T090000Z\t20260310T100000Z\ttab\\there\\nand \\\\ there"_qs,
+            u"a\t20260311T090000Z\t20260311T100000Z\ttab\\there\\nand \\\\ there"_qs,
+            u"b\t20260312\t20260314\tTrip"_qs));
+}
+
+TEST_F(OccurrencesTest, AsJsonLines)
+{
+    const QStringList lines = march({ u"--json"_qs }).lines();
+    ASSERT_EQ(lines.size(), 3);
+    EXPECT_EQ(QJsonDocument::fromJson(lines[0].toUtf8()).object()[QLatin1String("summary")].toString(),
+        u"tab\there\nand \\ there"_qs);
+    EXPECT_EQ(QJsonDocument::fromJson(lines[2].toUtf8()).object()[QLatin1String("end")].toString(), u"20260314"_qs);
+}
+
+TEST_F(OccurrencesTest, AsTheirNumber)
+{
+    const Answer answer = march({ u"--count"_qs, u"--timing"_qs });
+    EXPECT_EQ(answer.output, u"3\n"_qs);
+    EXPECT_THAT(answer.complaint.toStdString(), testing::MatchesRegex("load_us [0-9]+\nquery_us [0-9]+\n"));
+}
+
+TEST_F(CommandLineTest, LinksAnswersLineByLine)
+{
+    const Answer answer = ask({ u"links"_qs, u"--json-lines"_qs, u"--timing"_qs },
+        "{\"id\":7,\"text\":\"see https://example.org/a, or b.example\"}\n\n{\"id\":\"x\",\"text\":\"nothing\"}\n");
+    EXPECT_EQ(answer.status, 0);
+    ASSERT_EQ(answer.lines().size(), 2);
+    EXPECT_TRUE(answer.lines()[0].startsWith(u"{\"id\":7,\"links\":[\"https://example.org/a\""_qs))
+        << answer.output.toStdString();
+    EXPECT_EQ(answer.lines()[1], u"{\"id\":\"x\",\"links\":[]}"_qs);
+    EXPECT_TRUE(answer.complaint.startsWith(u"median_us "_qs));
+}
+
+TEST_F(CommandLineTest, LinksTakesItsTextFromTheArgumentsOrTheInput)
+{
+    EXPECT_EQ(ask({ u"links"_qs, u"at https://example.org/a now"_qs }).output, u"https://example.org/a\n"_qs);
+    EXPECT_EQ(ask({ u"links"_qs }, "at https://example.org/b\n").output, u"https://example.org/b\n"_qs);
+    EXPECT_EQ(ask({ u"links"_qs, u"agenda"_qs }).output, QString()) << "the text may be the name of a command";
+}
+
+struct WrongCase
+{
+    const char *name;
+    QStringList arguments;
+    const char *complaint;
+    QByteArray input = {};
+};
+
+class WrongCallTest : public CommandLineTest, public testing::WithParamInterface<WrongCase>
+{
+};
+
+TEST_P(WrongCallTest, IsToldOfWithStatusTwo)
+{
+    const Answer answer = ask(storeOf({}) + GetParam().arguments, GetParam().input);
+    EXPECT_EQ(answer.status, 2);
+    EXPECT_TRUE(answer.complaint.contains(QLatin1String(GetParam().complaint))) << answer.complaint.toStdString();
+}
+
+INSTANTIATE_TEST_SUITE_P(Rows, WrongCallTest,
+    testing::Values(WrongCase { "NoCommand", {}, "which command" },
+        WrongCase { "UnknownCommand", { u"agendas"_qs }, "which command" },
+        WrongCase { "UnknownOption", { u"agenda"_qs, u"--bogus"_qs }, "bogus" },
+        WrongCase { "OptionOfAnotherCommand", { u"next"_qs, u"--tsv"_qs }, "tsv" },
+        WrongCase { "MissingValue", { u"agenda"_qs, u"--from"_qs }, "from" },
+        WrongCase { "NoDay", { u"agenda"_qs, u"--from"_qs, u"someday"_qs }, "--from" },
+        WrongCase { "NoZone", { u"next"_qs, u"--time-zone"_qs, u"Mars"_qs }, "Mars" },
+        WrongCase { "NoMoment", { u"next"_qs, u"--now"_qs, u"noon"_qs }, "noon" },
+        WrongCase { "NoRange", { u"occurrences"_qs, u"--from"_qs, u"20260301"_qs }, "--to" },
+        WrongCase { "NoFormat", { u"status"_qs, u"--format"_qs, u"xml"_qs }, "waybar" },
+        WrongCase { "NoObject", { u"links"_qs, u"--json-lines"_qs }, "[1,", "[1,\n" }),
+    kRowName);
+
+} // namespace
+} // namespace mintaro

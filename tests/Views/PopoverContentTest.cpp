@@ -1,0 +1,257 @@
+#include "Platform/AppKit/PopoverWindow.h"
+#include "Views/ViewEngine.h"
+
+#include "support/World.h"
+
+#include <gmock/gmock.h>
+
+#include <QAccessible>
+#include <QCoreApplication>
+#include <QQuickWindow>
+#include <QTest>
+
+namespace mintaro {
+namespace {
+
+QStringList &warnings()
+{
+    static QStringList lines;
+    return lines;
+}
+
+void keepWarning(QtMsgType type, const QMessageLogContext &, const QString &text)
+{
+    // The offscreen platform has no windows to speak of.
+    if (type != QtDebugMsg && type != QtInfoMsg && !text.contains(QLatin1String("This plugin does not support")))
+        warnings().append(text);
+}
+
+/// The popover as the user has it, with each warning of the QML engine kept.
+class PopoverContentTest : public testing::Test
+{
+protected:
+    PopoverContentTest()
+    {
+        warnings().clear();
+        m_before = qInstallMessageHandler(keepWarning);
+        world.addCalendar("work");
+        world.addEvent(
+            "work", "Review", during("20260307T130000Z", "20260307T140000Z") + "\nLOCATION:https://zoom.us/j/1");
+        world.addReminder("work", "Milk", "DUE:20260308T080000Z");
+    }
+
+    ~PopoverContentTest() override
+    {
+        content.reset();
+        qInstallMessageHandler(m_before);
+        EXPECT_TRUE(warnings().isEmpty()) << warnings().join(u'\n').toStdString();
+    }
+
+    void open()
+    {
+        world.loaded();
+        label.emplace(world.state());
+        views.emplace(world.state(), *label, appearance);
+        content = views->makeMainPopoverView();
+        ASSERT_TRUE(content);
+        window.setContent(content.get());
+        window.showAt(QPoint(300, 10));
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+        ASSERT_TRUE(QTest::qWaitFor([this] { return named(u"Join Zoom"_qs) != nullptr; }));
+    }
+
+    /// Every item below `item` that is in sight.
+    static void collect(QQuickItem *item, QList<QQuickItem *> &items)
+    {
+        if (!item->isVisible())
+            return;
+        items.append(item);
+        for (QQuickItem *child : item->childItems())
+            collect(child, items);
+    }
+
+    [[nodiscard]] QList<QQuickItem *> buttons() const
+    {
+        QList<QQuickItem *> items;
+        collect(content.get(), items);
+        items.removeIf([](QQuickItem *item) { return !item->inherits("QQuickAbstractButton"); });
+        return items;
+    }
+
+    [[nodiscard]] static QString accessibleName(QQuickItem *item)
+    {
+        QAccessibleInterface *interface = QAccessible::queryAccessibleInterface(item);
+        return interface ? interface->text(QAccessible::Name) : QString();
+    }
+
+    [[nodiscard]] QQuickItem *named(const QString &name) const
+    {
+        for (QQuickItem *button : buttons()) {
+            if (accessibleName(button) == name)
+                return button;
+        }
+        return nullptr;
+    }
+
+    [[nodiscard]] static QPoint middle(QQuickItem *item)
+    {
+        return item->mapToScene(QPointF(item->width() / 2, item->height() / 2)).toPoint();
+    }
+
+    void click(const QString &name)
+    {
+        QQuickItem *button = named(name);
+        ASSERT_TRUE(button) << name.toStdString();
+        QTest::mouseClick(&window, Qt::LeftButton, {}, middle(button));
+    }
+
+    void drag(QPoint from, QPoint by)
+    {
+        constexpr int kSteps = 8;
+        QTest::mousePress(&window, Qt::LeftButton, {}, from);
+        for (int step = 1; step <= kSteps; ++step)
+            QTest::mouseMove(&window, from + by * step / kSteps);
+        QTest::mouseRelease(&window, Qt::LeftButton, {}, from + by);
+    }
+
+    World world { "2026-03-07 12:00" };
+    Appearance appearance { QDBusConnection(u"none"_qs) };
+    std::optional<MenuBarLabel> label;
+    std::optional<ViewEngine> views;
+    std::unique_ptr<QQuickItem> content;
+    PopoverWindow window;
+
+private:
+    QtMessageHandler m_before = nullptr;
+};
+
+TEST_F(PopoverContentTest, NamesEveryButton)
+{
+    open();
+    EXPECT_GE(buttons().size(), 42 + 3 + 1);
+    for (QQuickItem *button : buttons())
+        EXPECT_FALSE(accessibleName(button).isEmpty()) << button->metaObject()->className();
+}
+
+TEST_F(PopoverContentTest, ReachesEveryButtonByTab)
+{
+    open();
+    QSet<QQuickItem *> missing;
+    for (QQuickItem *button : buttons())
+        missing.insert(button);
+    for (int i = 0; i < 60; ++i) {
+        QTest::keyClick(&window, Qt::Key_Tab);
+        missing.remove(window.activeFocusItem());
+    }
+    for (QQuickItem *button : missing)
+        ADD_FAILURE() << accessibleName(button).toStdString();
+}
+
+TEST_F(PopoverContentTest, ReturnPressesWhatHasTheFocus)
+{
+    open();
+    for (int i = 0; i < 60 && accessibleName(window.activeFocusItem()) != u"Next Month"_qs; ++i)
+        QTest::keyClick(&window, Qt::Key_Tab);
+    QTest::keyClick(&window, Qt::Key_Return);
+    EXPECT_EQ(world.state().monthDate(), at("2026-04-07 12:00"));
+    QTest::keyClick(&window, Qt::Key_Space);
+    EXPECT_EQ(world.state().monthDate(), at("2026-05-07 12:00"));
+}
+
+TEST_F(PopoverContentTest, ClickSelectsADay)
+{
+    open();
+    click(u"Tuesday, 10 March 2026"_qs);
+    EXPECT_EQ(world.state().selectedDate(), at("2026-03-10"));
+    click(u"Thursday, 2 April 2026"_qs);
+    EXPECT_EQ(world.state().selectedDate(), at("2026-04-02"));
+    EXPECT_EQ(world.state().monthDate(), at("2026-03-07 12:00"));
+}
+
+TEST_F(PopoverContentTest, ClickOnJoinOpensTheMeeting)
+{
+    open();
+    click(u"Join Zoom"_qs);
+    QCoreApplication::processEvents();
+    EXPECT_THAT(world.workspace.opened, testing::ElementsAre(u"https://zoom.us/j/1"_qs));
+}
+
+TEST_F(PopoverContentTest, KeysMoveTheMonth)
+{
+    open();
+    QTest::keyClick(&window, Qt::Key_Right, Qt::ControlModifier);
+    EXPECT_EQ(world.state().monthDate(), at("2026-04-07 12:00"));
+    QTest::keyClick(&window, Qt::Key_Left, Qt::ControlModifier);
+    QTest::keyClick(&window, Qt::Key_Left, Qt::ControlModifier);
+    EXPECT_EQ(world.state().monthDate(), at("2026-02-07 12:00"));
+    world.clock.moment = at("2026-03-07 12:01");
+    QTest::keyClick(&window, Qt::Key_T);
+    EXPECT_EQ(world.state().monthDate(), world.clock.moment);
+    EXPECT_EQ(world.state().selectedDate(), world.clock.moment);
+}
+
+TEST_F(PopoverContentTest, SwipeMovesTheMonthAndSelectsNothing)
+{
+    open();
+    const QPoint start = middle(named(u"Wednesday, 18 March 2026"_qs));
+    const Date selected = world.state().selectedDate();
+    drag(start, { 10, 150 });
+    EXPECT_EQ(world.state().monthDate(), at("2026-03-07 12:00"));
+    drag(start, { -90, 0 });
+    EXPECT_EQ(world.state().monthDate(), at("2026-04-07 12:00"));
+    drag(start, { 90, 5 });
+    EXPECT_EQ(world.state().monthDate(), at("2026-03-07 12:00"));
+    EXPECT_EQ(world.state().selectedDate(), selected);
+}
+
+TEST_F(PopoverContentTest, OffersTheWayToAccess)
+{
+    world.backend->isAccessible = false;
+    world.loaded();
+    label.emplace(world.state());
+    views.emplace(world.state(), *label, appearance);
+    content = views->makeMainPopoverView();
+    ASSERT_TRUE(content);
+    window.setContent(content.get());
+    window.showAt(QPoint(300, 10));
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    click(qtTrId("Open Privacy Settings"));
+    EXPECT_EQ(world.workspace.opened.size(), 1);
+}
+
+TEST_F(PopoverContentTest, StandsThroughMonthsPreferencesAndDays)
+{
+    open();
+    const auto watching = world.state().watchStoreChanges();
+    world.defaults.setBool(true, u"ShowWeekNumbers"_qs);
+    for (const int delta : { 1, -2, 12, -11 }) {
+        world.state().navigateMonth(delta);
+        QCoro::waitFor(world.state().refreshAll());
+    }
+    world.clock.moment = at("2026-03-08 12:00");
+    Q_EMIT world.environment.significantTimeChange();
+    EXPECT_TRUE(QTest::qWaitFor([this] { return named(u"Sunday, 8 March 2026, Today"_qs) != nullptr; }));
+    world.state().setSelectedDate(at("2026-05-01"));
+    EXPECT_TRUE(QTest::qWaitFor([this] { return named(u"Join Zoom"_qs) == nullptr; }));
+}
+
+TEST_F(PopoverContentTest, LabelSpeaksItsText)
+{
+    world.loaded();
+    label.emplace(world.state());
+    views.emplace(world.state(), *label, appearance);
+    const auto chip = views->makeMenuBarLabel();
+    ASSERT_TRUE(chip);
+    QQuickWindow host;
+    chip->setParentItem(host.contentItem());
+    host.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&host));
+    EXPECT_EQ(accessibleName(chip.get()), label->text());
+    const double width = chip->implicitWidth();
+    world.defaults.setBool(false, u"ShowNextEventInMenuBar"_qs);
+    EXPECT_EQ(accessibleName(chip.get()), u"7 Mar"_qs);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return chip->implicitWidth() < width; }));
+}
+
+} // namespace
+} // namespace mintaro
