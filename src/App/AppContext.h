@@ -62,8 +62,4 @@ private:
     std::optional<SystemTimeMonitor> m_timeMonitor;
 };
 
-/// The moment of an ISO 8601 text: with an offset or Z as it says, otherwise as a reading in `timeZone`; the basic form
-/// 20270131T230000Z and a bare date are taken too. Empty for any other text.
-[[nodiscard]] std::optional<Date> dateFromIso8601(const QString &text, const TimeZone &timeZone);
-
 } // namespace mintaro

@@ -206,12 +206,13 @@ void AppState::followToday()
 
 void AppState::onPreferenceChanged(const QString &key)
 {
-    static const QSet<QString> filters { QStringLiteral("SelectedCalendars"), QStringLiteral("SelectedReminderLists"),
-        QStringLiteral("WeekStartsOnMonday") };
     // These shape what is fetched and generated; all others are read when they are needed.
-    if (filters.contains(key) && m_hasCalendarAccess)
+    if (key == QLatin1String("SelectedReminderLists"))
+        QCoro::connect(m_remindersVM.fetchReminders(selection(key)), this, [] {});
+    else if (m_hasCalendarAccess
+        && (key == QLatin1String("SelectedCalendars") || key == QLatin1String("WeekStartsOnMonday")))
         refreshAll();
-    if (key == QLatin1String("CountdownFormat"))
+    else if (key == QLatin1String("CountdownFormat"))
         updateCountdown();
 }
 

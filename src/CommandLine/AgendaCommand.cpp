@@ -1,6 +1,7 @@
 #include "CommandLine/AgendaCommand.h"
 
 #include "Platform/Foundation/DateFormatter.h"
+#include "Platform/Foundation/ISO8601.h"
 
 #include <QDate>
 #include <QJsonArray>

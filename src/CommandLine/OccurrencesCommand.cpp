@@ -1,6 +1,7 @@
 #include "CommandLine/OccurrencesCommand.h"
 
 #include "Platform/EventKit/CalendarDatabase.h"
+#include "Platform/Foundation/ISO8601.h"
 
 #include <QElapsedTimer>
 #include <QJsonArray>

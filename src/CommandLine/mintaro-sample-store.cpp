@@ -1,10 +1,10 @@
 #include "Platform/EventKit/Folders/SampleStore.h"
 #include "Platform/EventKit/StoreBackend.h"
 #include "Platform/Foundation/Clock.h"
+#include "Platform/Foundation/ISO8601.h"
 
 #include <QCommandLineParser>
 #include <QCoreApplication>
-#include <QDateTime>
 
 #include <cstdio>
 
@@ -52,13 +52,10 @@ Date momentOf(const QString &text, const TimeZone &zone)
 {
     if (text.isEmpty())
         return SystemClock().now();
-    const QDateTime moment = QDateTime::fromString(text, Qt::ISODate);
-    if (!moment.isValid())
+    const std::optional<Date> moment = dateFromIso8601(text, zone);
+    if (!moment)
         throw EKError(QStringLiteral("\"%1\" is no ISO 8601 moment").arg(text).toStdString());
-    if (moment.timeSpec() != Qt::LocalTime)
-        return Date(std::chrono::milliseconds(moment.toMSecsSinceEpoch()));
-    const QDateTime reading(moment.date(), moment.time(), Qt::UTC);
-    return zone.toInstant(LocalTime(std::chrono::seconds(reading.toSecsSinceEpoch())));
+    return *moment;
 }
 
 int writeSampleStore(const Arguments &arguments)

@@ -4,36 +4,11 @@
 
 namespace mintaro {
 
-using namespace std::chrono;
-
 namespace {
 
 std::optional<QString> present(const QString &text)
 {
     return text.isNull() ? std::nullopt : std::optional(text);
-}
-
-DateComponents componentsOf(LocalTime reading)
-{
-    const local_days day = floor<days>(reading);
-    const year_month_day civil { day };
-    const hh_mm_ss time { reading - day };
-    DateComponents components;
-    components.year = static_cast<int>(civil.year());
-    components.month = static_cast<int>(static_cast<unsigned>(civil.month()));
-    components.day = static_cast<int>(static_cast<unsigned>(civil.day()));
-    components.hour = static_cast<int>(time.hours().count());
-    components.minute = static_cast<int>(time.minutes().count());
-    components.second = static_cast<int>(time.seconds().count());
-    components.weekday = static_cast<int>(weekday { day }.c_encoding()) + 1;
-    return components;
-}
-
-LocalTime readingOf(const DateComponents &components)
-{
-    const auto part = [](int value) { return static_cast<unsigned>(value); };
-    return local_days { year { components.year } / month { part(components.month) } / day { part(components.day) } }
-    + hours { components.hour } + minutes { components.minute } + seconds { components.second };
 }
 
 } // namespace

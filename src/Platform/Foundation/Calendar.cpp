@@ -29,7 +29,29 @@ year_month_day clamped(year_month month, day wanted)
     return month / std::min(wanted, last);
 }
 
+year_month_day dayOf(const DateComponents &parts)
+{
+    return { year { parts.year }, month { static_cast<unsigned>(parts.month) },
+        day { static_cast<unsigned>(parts.day) } };
+}
+
 } // namespace
+
+DateComponents componentsOf(LocalTime reading)
+{
+    const local_days day = floor<days>(reading);
+    const year_month_day civil { day };
+    const hh_mm_ss time { reading - day };
+    return { int { civil.year() }, static_cast<int>(unsigned { civil.month() }),
+        static_cast<int>(unsigned { civil.day() }), static_cast<int>(time.hours().count()),
+        static_cast<int>(time.minutes().count()), static_cast<int>(time.seconds().count()),
+        static_cast<int>(weekday { day }.c_encoding()) + 1 };
+}
+
+LocalTime readingOf(const DateComponents &parts)
+{
+    return local_days { dayOf(parts) } + hours { parts.hour } + minutes { parts.minute } + seconds { parts.second };
+}
 
 Calendar::Calendar(const Locale &locale, TimeZone timeZone)
     : m_timeZone(std::move(timeZone))
@@ -60,24 +82,14 @@ year_month_day Calendar::civilDay(Date date) const
 
 DateComponents Calendar::components(Date date) const
 {
-    const LocalTime reading = local(date);
-    const local_days day = floor<days>(reading);
-    const year_month_day civil { day };
-    const hh_mm_ss time { reading - day };
-    return { int { civil.year() }, static_cast<int>(unsigned { civil.month() }),
-        static_cast<int>(unsigned { civil.day() }), static_cast<int>(time.hours().count()),
-        static_cast<int>(time.minutes().count()), static_cast<int>(time.seconds().count()),
-        static_cast<int>(std::chrono::weekday { day }.c_encoding()) + 1 };
+    return componentsOf(local(date));
 }
 
 std::optional<Date> Calendar::date(const DateComponents &parts) const
 {
-    const year_month_day day { year { parts.year }, month { static_cast<unsigned>(parts.month) },
-        std::chrono::day { static_cast<unsigned>(parts.day) } };
-    if (!inRange(day))
+    if (!inRange(dayOf(parts)))
         return std::nullopt;
-    return m_timeZone.toInstant(
-        local_days { day } + hours { parts.hour } + minutes { parts.minute } + seconds { parts.second });
+    return m_timeZone.toInstant(readingOf(parts));
 }
 
 Date Calendar::startOfDay(year_month_day day) const

@@ -22,6 +22,10 @@ struct DateComponents
     friend bool operator==(const DateComponents &, const DateComponents &) = default;
 };
 
+[[nodiscard]] DateComponents componentsOf(LocalTime reading);
+/// The weekday is not looked at. Year, month and day must be a day of the calendar.
+[[nodiscard]] LocalTime readingOf(const DateComponents &components);
+
 /// A half-open interval of moments.
 struct DateInterval
 {

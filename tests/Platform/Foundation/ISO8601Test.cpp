@@ -1,4 +1,4 @@
-#include "App/AppContext.h"
+#include "Platform/Foundation/ISO8601.h"
 
 #include "support/Printers.h"
 
