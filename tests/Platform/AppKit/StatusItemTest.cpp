@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include <QDBusArgument>
+#include <QDBusConnectionInterface>
 #include <QFileInfo>
 #include <QSignalSpy>
 #include <QTest>
@@ -144,12 +145,14 @@ TEST_F(StatusItemTest, OnlyWhatChangedMakesTraffic)
 {
     start();
     Listener listener(panel);
+    // An answer to this means that the bus has taken the listener's wish, which it was sent before.
+    ASSERT_TRUE(panel.bus.connection().interface()->isServiceRegistered(QStringLiteral("org.freedesktop.DBus")));
     QSignalSpy news(&listener, &Listener::news);
     item.setContent(kContent);
     StatusItemContent changed = kContent;
     changed.label = QStringLiteral("23 Nov");
     item.setContent(changed);
-    ASSERT_TRUE(news.wait());
+    ASSERT_TRUE(!news.isEmpty() || news.wait());
     EXPECT_EQ(listener.heard, QStringList { QStringLiteral("XAyatanaNewLabel") }); // the bus keeps the order
 }
 
