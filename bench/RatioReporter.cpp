@@ -42,7 +42,7 @@ void RatioReporter::Finalize()
         const auto base = m_results.find(baseline);
         if (own == m_results.end() || base == m_results.end())
             continue;
-        line("%-14s %10.3f %6.1f%%   %-22s %10.3f %6.1f%% %8.4f", name.c_str(), own->second.milliseconds,
+        line("%-14s %10.3f %6.1f%%   %-22s %10.3f %6.1f%% %9.5f", name.c_str(), own->second.milliseconds,
             own->second.noise, baseline.c_str(), base->second.milliseconds, base->second.noise,
             own->second.milliseconds / base->second.milliseconds);
     }
