@@ -3,6 +3,7 @@
 
 #include <QCommandLineParser>
 #include <QGuiApplication>
+#include <QQuickWindow>
 
 #include <cstdio>
 
@@ -12,6 +13,9 @@ int main(int argc, char **argv)
     QCoreApplication::setApplicationName(QStringLiteral("mintaro"));
     QCoreApplication::setApplicationVersion(QStringLiteral(MINTARO_VERSION));
     QGuiApplication::setDesktopFileName(QString::fromLatin1(mintaro::kSubsystem));
+    // A small card that mostly stands still is drawn sooner without a graphics driver, and in a third of the memory.
+    if (!qEnvironmentVariableIsSet("QT_QUICK_BACKEND"))
+        QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
     // The popover is a window that comes and goes; the item is the program.
     QGuiApplication::setQuitOnLastWindowClosed(false);
 
