@@ -150,15 +150,10 @@ QCoro::Task<> AppState::watchStoreChanges()
 
 void AppState::navigateMonth(int delta)
 {
-    if (const auto month = m_environment.calendar().dateByAdding(Calendar::Component::Month, delta, m_monthDate))
-        moveMonth(*month, delta);
-}
-
-void AppState::moveMonth(Date month, int delta)
-{
-    if (month == m_monthDate)
+    const auto month = m_environment.calendar().dateByAdding(Calendar::Component::Month, delta, m_monthDate);
+    if (!month || *month == m_monthDate)
         return;
-    setMonthDate(month);
+    setMonthDate(*month);
     Q_EMIT monthNavigated(delta);
 }
 

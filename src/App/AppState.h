@@ -135,7 +135,6 @@ private:
     QCoro::Task<> loadEventsOnceGranted();
     QCoro::Task<> loadRemindersOnceGranted();
     QCoro::Task<> fetchUpcoming(Date fetchedFrom, Date fetchedTo);
-    void moveMonth(Date month, int delta);
     void generateMonth();
     [[nodiscard]] QString countdown(const CalendarEvent &event) const;
     void onPreferenceChanged(const QString &key);

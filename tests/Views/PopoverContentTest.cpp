@@ -47,7 +47,7 @@ protected:
         EXPECT_TRUE(warnings().isEmpty()) << warnings().join(u'\n').toStdString();
     }
 
-    void open()
+    void show()
     {
         world.loaded();
         label.emplace(world.state());
@@ -57,6 +57,11 @@ protected:
         window.setContent(content.get());
         window.showAt(QPoint(300, 10));
         ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    }
+
+    void open()
+    {
+        show();
         ASSERT_TRUE(QTest::qWaitFor([this] { return named(u"Join Zoom"_qs) != nullptr; }));
     }
 
@@ -207,14 +212,7 @@ TEST_F(PopoverContentTest, SwipeMovesTheMonthAndSelectsNothing)
 TEST_F(PopoverContentTest, OffersTheWayToAccess)
 {
     world.backend->isAccessible = false;
-    world.loaded();
-    label.emplace(world.state());
-    views.emplace(world.state(), *label, appearance);
-    content = views->makeMainPopoverView();
-    ASSERT_TRUE(content);
-    window.setContent(content.get());
-    window.showAt(QPoint(300, 10));
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    show();
     click(qtTrId("Open Privacy Settings"));
     EXPECT_EQ(world.workspace.opened.size(), 1);
 }

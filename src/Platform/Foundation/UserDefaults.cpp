@@ -101,8 +101,9 @@ UserDefaults::UserDefaults(const QString &file, Logger logger)
     , m_logger(std::move(logger))
 {
     QDir().mkpath(QFileInfo(m_file).path());
-    m_values = readAll();
+    // Noted before the reading, so that a change in between is read again rather than missed.
     [[maybe_unused]] const bool isNew = isUntouched();
+    m_values = readAll();
     watchFile();
     connect(&m_watcher, &QFileSystemWatcher::directoryChanged, this, &UserDefaults::reload);
     connect(&m_watcher, &QFileSystemWatcher::fileChanged, this, &UserDefaults::reload);
