@@ -70,15 +70,18 @@ AppContext::AppContext(const ContextOptions &options)
           options.timeZone ? *options.timeZone : TimeZone::system())
     , m_texts(installTranslations(m_environment.locale()))
     , m_database(std::make_shared<CalendarDatabase>(
-          std::make_unique<FoldersBackend>(BaseFolders::fromEnvironment(), options.store), m_environment,
-          m_notifications))
+          std::make_unique<FoldersBackend>(BaseFolders::fromEnvironment(), options.store),
+          std::make_unique<CalendarIndex>(BaseFolders::fromEnvironment().cacheHome + QLatin1String("/mintaro")),
+          m_environment, m_notifications))
 {
 }
 
 AppContext::~AppContext() = default;
 
-void AppContext::followSystemTime()
+void AppContext::follow()
 {
+    m_defaults.follow();
+    m_database->follow();
     if (m_hasSystemTime && !m_timeMonitor)
         m_timeMonitor.emplace(m_environment);
 }

@@ -39,9 +39,10 @@ public:
     explicit AppContext(const ContextOptions &options);
     ~AppContext();
 
-    /// From now on the environment tells of midnights, wakes and changes of zone. Where the clock or the zone was given
-    /// by option there is nothing to follow.
-    void followSystemTime();
+    /// For a program that stays: from now on changes of the preferences and of the calendars are followed, and the
+    /// environment tells of midnights, wakes and changes of zone, unless the clock or the zone was given by option. To
+    /// be called before anything is asked for.
+    void follow();
 
     [[nodiscard]] Environment &environment() { return m_environment; }
     [[nodiscard]] UserDefaults &defaults() { return m_defaults; }

@@ -49,7 +49,7 @@ public:
     ~LoadedState();
 
     /// Keeps what is shown true over midnights and changes of zone.
-    void followSystemTime() { m_context.followSystemTime(); }
+    void follow() { m_context.follow(); }
 
     [[nodiscard]] AppState &appState() { return *m_appState; }
     [[nodiscard]] Environment &environment() { return m_context.environment(); }

@@ -65,7 +65,7 @@ int StatusCommand::run(const QCommandLineParser &arguments)
     // A bar that ends closes the pipe; it becomes readable on our side with an error then.
     QSocketNotifier readerGone(STDOUT_FILENO, QSocketNotifier::Exception);
     QObject::connect(&readerGone, &QSocketNotifier::activated, &label, [] { QCoreApplication::quit(); });
-    state.followSystemTime();
+    state.follow();
     label.appear();
     return QCoreApplication::exec();
 }

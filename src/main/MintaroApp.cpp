@@ -44,7 +44,7 @@ MintaroApp::~MintaroApp() = default;
 
 void MintaroApp::start()
 {
-    m_context.followSystemTime();
+    m_context.follow();
     updateStatusItem();
     updateMenu();
     updateIconColor();

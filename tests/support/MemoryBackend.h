@@ -2,6 +2,7 @@
 
 #include "Platform/EventKit/StoreBackend.h"
 
+#include <atomic>
 #include <utility>
 
 namespace mintaro {
@@ -21,7 +22,7 @@ public:
     std::function<void()> onRequestAccess = [] {};
     std::vector<StoreCollection> held;
     std::map<QString, std::map<QString, Object>> contents;
-    int reads = 0;
+    std::atomic<int> reads = 0;
 
     StoreCollection &addCollection(const QString &identifier)
     {
@@ -51,26 +52,25 @@ public:
     [[nodiscard]] std::vector<ObjectState> objects(const QString &collection) override
     {
         std::vector<ObjectState> states;
-        for (const auto &[name, object] : contents[collection])
+        const auto found = contents.find(collection);
+        if (found == contents.end())
+            return states;
+        for (const auto &[name, object] : found->second)
             states.push_back({ name, { object.revision, 0, 0 } });
         return states;
     }
 
     [[nodiscard]] std::optional<ObjectState> object(const QString &collection, const QString &name) override
     {
-        const auto &objects = contents[collection];
-        const auto found = objects.find(name);
-        if (found == objects.end())
-            return std::nullopt;
-        return ObjectState { name, { found->second.revision, 0, 0 } };
+        const Object *found = find(collection, name);
+        return found ? std::optional(ObjectState { name, { found->revision, 0, 0 } }) : std::nullopt;
     }
 
     [[nodiscard]] std::optional<QByteArray> read(const QString &collection, const QString &name) override
     {
         ++reads;
-        const auto &objects = contents[collection];
-        const auto found = objects.find(name);
-        return found == objects.end() ? std::nullopt : std::optional(found->second.text);
+        const Object *found = find(collection, name);
+        return found ? std::optional(found->text) : std::nullopt;
     }
 
     [[nodiscard]] QString describe(const QString &collection, const QString &name) const override
@@ -81,6 +81,15 @@ public:
     void watch(std::function<void(const StoreChanges &)> handler) override { m_handler = std::move(handler); }
 
 private:
+    [[nodiscard]] const Object *find(const QString &collection, const QString &name) const
+    {
+        const auto objects = contents.find(collection);
+        if (objects == contents.end())
+            return nullptr;
+        const auto found = objects->second.find(name);
+        return found == objects->second.end() ? nullptr : &found->second;
+    }
+
     std::function<void(const StoreChanges &)> m_handler;
 };
 

@@ -54,7 +54,8 @@ struct World
     {
         auto memory = std::make_unique<MemoryBackend>();
         backend = memory.get();
-        database = std::make_shared<CalendarDatabase>(std::move(memory), environment, notifications);
+        database = std::make_shared<CalendarDatabase>(std::move(memory), nullptr, environment, notifications);
+        database->follow();
     }
 
     void addCalendar(const char *identifier, const char *color = "#ff0000")

@@ -1,6 +1,6 @@
 #include "Platform/EventKit/CalendarDatabase.h"
 
-#include "Platform/EventKit/CalendarPalette.h"
+#include "Platform/Foundation/Parallel.h"
 
 #include <set>
 #include <tuple>
@@ -19,37 +19,27 @@ bool isWanted(const std::optional<std::vector<QString>> &identifiers, const QStr
     return !identifiers || std::find(identifiers->begin(), identifiers->end(), identifier) != identifiers->end();
 }
 
-EKCalendar makeCalendar(const StoreCollection &info, const CollectionContents &contents)
+/// An occurrence with its place among those of equal starts.
+struct FoundOccurrence
 {
-    EKCalendar calendar;
-    calendar.calendarIdentifier = info.identifier;
-    calendar.title = info.title;
-    calendar.cgColor = info.color.value_or(paletteColor(info.identifier));
-    calendar.source = { info.sourceIdentifier, info.sourceTitle };
-    calendar.allowsContentModifications = info.isWritable;
-    calendar.allowsReminders = contents.holdsReminders() || info.isReminderList;
-    calendar.allowsEvents = contents.holdsEvents() || !calendar.allowsReminders;
-    return calendar;
-}
+    Occurrence occurrence;
+    sys_seconds start;
+    sys_seconds end;
+    std::size_t collection;
 
-/// An event with its place among those of equal starts.
-struct SortableEvent
-{
-    EKEvent event;
-    std::size_t calendar;
-    std::uint32_t order;
-
-    [[nodiscard]] auto key() const { return std::tuple(event.startDate(), calendar, order, event.occurrenceDate()); }
+    [[nodiscard]] auto key() const { return std::tuple(start, collection, occurrence.item, occurrence.original); }
 };
 
-EKEvent makeEvent(const Occurrence &occurrence, const EKCalendarRef &calendar, sys_seconds start, sys_seconds end,
-    const TimeZone &viewer)
+EKEvent makeEvent(const FoundOccurrence &found, StoredCollection &collection, const TimeZone &viewer)
 {
+    const Occurrence &occurrence = found.occurrence;
     const seconds original { occurrence.original };
     const sys_seconds occurrenceDate
         = occurrence.originalIsZoned ? sys_seconds { original } : viewer.toInstant(LocalTime { original });
-    const seconds cut { occurrence.item->isAllDay() ? 1 : 0 };
-    return EKEvent(occurrence.item, calendar, start, end - cut, occurrenceDate);
+    const seconds cut { occurrence.form == TimeForm::Day ? 1 : 0 };
+    CollectionContents &contents = collection.contents();
+    return EKEvent(contents.item(occurrence), collection.calendar(), contents.identifierSuffix(occurrence), found.start,
+        found.end - cut, occurrenceDate);
 }
 
 void merge(StoreChanges &into, const StoreChanges &changes)
@@ -66,11 +56,12 @@ void merge(StoreChanges &into, const StoreChanges &changes)
 
 } // namespace
 
-CalendarDatabase::CalendarDatabase(std::unique_ptr<StoreBackend> backend, const Environment &environment,
-    NotificationCenter &notifications, Logger logger)
+CalendarDatabase::CalendarDatabase(std::unique_ptr<StoreBackend> backend, std::unique_ptr<CalendarIndex> index,
+    const Environment &environment, NotificationCenter &notifications, Logger logger)
     : m_environment(environment)
     , m_notifications(notifications)
     , m_logger(std::move(logger))
+    , m_index(std::move(index))
     , m_context(std::make_unique<QObject>())
     , m_backend(std::move(backend))
 {
@@ -80,6 +71,21 @@ CalendarDatabase::CalendarDatabase(std::unique_ptr<StoreBackend> backend, const 
 
 CalendarDatabase::~CalendarDatabase() = default;
 
+void CalendarDatabase::follow()
+{
+    const QMutexLocker lock(&m_mutex);
+    if (!std::exchange(m_isFollowing, true) && m_isGranted)
+        beginWatching();
+}
+
+/// Watching begins before the first look, or is followed by another one: so a change in between is told, and found to
+/// be none or is read.
+void CalendarDatabase::beginWatching()
+{
+    m_backend->watch([this](const StoreChanges &changes) { storeChanged(changes); });
+    m_pending.collections = true;
+}
+
 bool CalendarDatabase::requestAccess()
 {
     const QMutexLocker lock(&m_mutex);
@@ -88,8 +94,8 @@ bool CalendarDatabase::requestAccess()
     m_isGranted = m_backend->requestAccess();
     if (m_isGranted) {
         m_pending.collections = true;
-        // Watching begins before the first look: a change in between is told, and found to be none or is read.
-        m_backend->watch([this](const StoreChanges &changes) { storeChanged(changes); });
+        if (m_isFollowing)
+            beginWatching();
     }
     return m_isGranted;
 }
@@ -100,7 +106,7 @@ std::vector<EKCalendarRef> CalendarDatabase::calendars()
     applyChanges();
     std::vector<EKCalendarRef> result;
     for (const auto &collection : m_collections)
-        result.push_back(collection->calendar);
+        result.push_back(collection->calendar());
     return result;
 }
 
@@ -110,28 +116,31 @@ std::vector<EKEvent> CalendarDatabase::events(const EKEventPredicate &predicate)
     applyChanges();
     if (predicate.end <= predicate.start)
         return {};
-    const CollectionContents::Query query { predicate.start, predicate.end, m_environment.timeZone() };
+    std::optional<TextMatcher> text;
+    if (predicate.text)
+        text.emplace(*predicate.text, m_environment.locale());
+    const CollectionContents::Query query { predicate.start, predicate.end, m_environment.timeZone(),
+        text ? &*text : nullptr };
     ExpansionBudget budget { kStepsPerQuery };
-    std::vector<SortableEvent> found;
+    std::vector<FoundOccurrence> found;
     for (std::size_t i = 0; i < m_collections.size(); ++i) {
-        Collection &each = *m_collections[i];
-        if (!isWanted(predicate.calendarIdentifiers, each.info.identifier))
+        StoredCollection &each = *m_collections[i];
+        if (!isWanted(predicate.calendarIdentifiers, each.info().identifier))
             continue;
-        each.contents.events(
+        each.contents().events(
             query, budget,
             [&](const Occurrence &occurrence, sys_seconds start, sys_seconds end) {
-                found.push_back(
-                    { makeEvent(occurrence, each.calendar, start, end, query.viewer), i, occurrence.order });
+                found.push_back({ occurrence, start, end, i });
             },
             [&](const QString &name) {
-                complain(each, name, QStringLiteral("a rule with too many occurrences, left out"));
+                each.complain(name, QStringLiteral("a rule with too many occurrences, left out"));
             });
     }
     std::sort(found.begin(), found.end(), [](const auto &a, const auto &b) { return a.key() < b.key(); });
     std::vector<EKEvent> result;
     result.reserve(found.size());
-    for (SortableEvent &each : found)
-        result.push_back(std::move(each.event));
+    for (const FoundOccurrence &each : found)
+        result.push_back(makeEvent(each, *m_collections[each.collection], query.viewer));
     return result;
 }
 
@@ -141,10 +150,10 @@ std::vector<EKReminder> CalendarDatabase::reminders(const EKReminderPredicate &p
     applyChanges();
     std::vector<EKReminder> result;
     for (const auto &collection : m_collections) {
-        if (!isWanted(predicate.calendarIdentifiers, collection->info.identifier))
+        if (!isWanted(predicate.calendarIdentifiers, collection->info().identifier))
             continue;
-        for (const auto &record : collection->contents.reminders())
-            result.emplace_back(record, collection->calendar);
+        for (auto &[record, suffix] : collection->contents().reminders())
+            result.emplace_back(std::move(record), collection->calendar(), std::move(suffix));
     }
     return result;
 }
@@ -165,32 +174,14 @@ bool CalendarDatabase::differs(const StoreChanges &changes)
     if (changes.collections) {
         const auto present = m_backend->collections();
         const bool same = std::equal(present.begin(), present.end(), m_collections.begin(), m_collections.end(),
-            [](const StoreCollection &info, const auto &held) { return info == held->info; });
-        if (!same)
-            return true;
-        return std::any_of(m_collections.begin(), m_collections.end(),
-            [this](const auto &collection) { return differs(*collection, {}); });
+            [](const StoreCollection &info, const auto &held) { return info == held->info(); });
+        return !same || std::any_of(m_collections.begin(), m_collections.end(), [](const auto &collection) {
+            return collection->differs({});
+        });
     }
     return std::any_of(changes.objects.begin(), changes.objects.end(), [this](const auto &change) {
-        const Collection *collection = find(change.first);
-        return collection && differs(*collection, change.second);
-    });
-}
-
-bool CalendarDatabase::differs(const Collection &collection, const QStringList &names)
-{
-    if (names.isEmpty()) {
-        const auto present = m_backend->objects(collection.info.identifier);
-        return static_cast<std::size_t>(collection.contents.names().size()) != present.size()
-            || std::any_of(present.begin(), present.end(), [&](const ObjectState &state) {
-                   const ObjectRevision *held = collection.contents.revision(state.name);
-                   return !held || *held != state.revision;
-               });
-    }
-    return std::any_of(names.begin(), names.end(), [&](const QString &name) {
-        const auto present = m_backend->object(collection.info.identifier, name);
-        const ObjectRevision *held = collection.contents.revision(name);
-        return present.has_value() != (held != nullptr) || (present && present->revision != *held);
+        const StoredCollection *collection = find(change.first);
+        return collection && collection->differs(change.second);
     });
 }
 
@@ -201,92 +192,64 @@ void CalendarDatabase::applyChanges()
         applyCollections();
         return;
     }
+    std::vector<StoredCollection *> changed;
     for (const auto &[identifier, names] : changes.objects) {
-        if (Collection *collection = find(identifier))
-            applyObjects(*collection, names);
+        if (StoredCollection *collection = find(identifier))
+            changed.push_back(collection);
     }
+    apply(changed, changes.objects);
 }
 
 void CalendarDatabase::applyCollections()
 {
-    std::vector<std::unique_ptr<Collection>> present;
+    Collections present;
+    std::vector<StoredCollection *> all;
     for (StoreCollection &info : m_backend->collections()) {
         const auto held = std::find_if(m_collections.begin(), m_collections.end(),
-            [&info](const auto &each) { return each && each->info.identifier == info.identifier; });
+            [&info](const auto &each) { return each && each->info().identifier == info.identifier; });
         // Who the user is stands in the parsed attendees.
-        const bool isKept = held != m_collections.end() && (*held)->info.userAddresses == info.userAddresses;
-        present.push_back(isKept ? std::move(*held) : std::make_unique<Collection>());
-        present.back()->info = std::move(info);
-        applyObjects(*present.back(), {});
+        const bool isKept = held != m_collections.end() && (*held)->info().userAddresses == info.userAddresses;
+        present.push_back(
+            isKept ? std::move(*held) : std::make_unique<StoredCollection>(*m_backend, m_index.get(), m_logger));
+        present.back()->setInfo(std::move(info));
+        all.push_back(present.back().get());
     }
+    apply(all, {});
     m_collections = std::move(present);
 }
 
-void CalendarDatabase::applyObjects(Collection &collection, const QStringList &names)
+/// Brings these collections to the present state of the objects that `names` tells for them, or of all. What takes long
+/// is done in parallel: looking at the files, and parsing.
+void CalendarDatabase::apply(
+    const std::vector<StoredCollection *> &collections, const std::map<QString, QStringList> &names)
 {
-    QStringList gone;
-    std::vector<ObjectState> present;
-    if (names.isEmpty()) {
-        present = m_backend->objects(collection.info.identifier);
-        std::set<QString> presentNames;
-        for (const ObjectState &state : present)
-            presentNames.insert(state.name);
-        for (const QString &name : collection.contents.names()) {
-            if (!presentNames.contains(name))
-                gone.append(name);
-        }
-    }
-    for (const QString &name : names) {
-        if (const auto state = m_backend->object(collection.info.identifier, name))
-            present.push_back(*state);
-        else
-            gone.append(name);
-    }
-    for (const QString &name : gone)
-        collection.contents.remove(name);
-    for (const ObjectState &state : present)
-        read(collection, state);
-    finish(collection);
-}
-
-void CalendarDatabase::read(Collection &collection, const ObjectState &state)
-{
-    const ObjectRevision *held = collection.contents.revision(state.name);
-    if (held && *held == state.revision)
-        return;
-    CalendarObject content;
-    if (const auto text = m_backend->read(collection.info.identifier, state.name))
-        content = readCalendarObject(*text, collection.info.userAddresses);
-    if (!content.complaints.isEmpty())
-        complain(collection, state.name, content.complaints.join(QStringLiteral("; ")));
-    // An object that can no longer be read is most likely being written: the end of that is a change of its own.
-    if (held && content.isUnreadable())
-        collection.contents.keep(state);
-    else
-        collection.contents.set(state, std::move(content));
-}
-
-void CalendarDatabase::finish(Collection &collection)
-{
-    collection.contents.rebuild([&](const QString &name) {
-        complain(collection, name, QStringLiteral("the UID of another object of this calendar"));
+    struct Parsing
+    {
+        StoredCollection *collection;
+        ObjectState state;
+        std::optional<CalendarObject> result;
+    };
+    std::vector<std::vector<ObjectState>> changed(collections.size());
+    forEachInParallel(collections.size(), [&](std::size_t i) {
+        const auto named = names.find(collections[i]->info().identifier);
+        changed[i] = collections[i]->examine(named == names.end() ? QStringList() : named->second);
     });
-    EKCalendar calendar = makeCalendar(collection.info, collection.contents);
-    if (!collection.calendar || !(*collection.calendar == calendar))
-        collection.calendar = std::make_shared<const EKCalendar>(std::move(calendar));
+    std::vector<Parsing> all;
+    for (std::size_t i = 0; i < collections.size(); ++i) {
+        for (ObjectState &state : changed[i])
+            all.push_back({ collections[i], std::move(state), std::nullopt });
+    }
+    forEachInParallel(all.size(), [&](std::size_t i) { all[i].result = all[i].collection->parse(all[i].state.name); });
+    for (Parsing &each : all)
+        each.collection->take(each.state, std::move(each.result));
+    forEachInParallel(collections.size(), [&](std::size_t i) { collections[i]->finish(); });
 }
 
-CalendarDatabase::Collection *CalendarDatabase::find(const QString &identifier)
+StoredCollection *CalendarDatabase::find(const QString &identifier)
 {
     const auto found = std::find_if(m_collections.begin(), m_collections.end(),
-        [&identifier](const auto &each) { return each->info.identifier == identifier; });
+        [&identifier](const auto &each) { return each->info().identifier == identifier; });
     return found == m_collections.end() ? nullptr : found->get();
-}
-
-void CalendarDatabase::complain(const Collection &collection, const QString &name, const QString &text) const
-{
-    m_logger.error(
-        QStringLiteral("%1: %2").arg(m_backend->describe(collection.info.identifier, name), text.left(1'000)));
 }
 
 } // namespace mintaro

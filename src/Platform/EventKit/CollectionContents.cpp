@@ -1,6 +1,6 @@
 #include "Platform/EventKit/CollectionContents.h"
 
-#include <QHash>
+#include <algorithm>
 
 namespace mintaro {
 
@@ -19,31 +19,38 @@ sys_seconds toInstant(std::int64_t count)
     return sys_seconds { seconds { count } };
 }
 
-/// Calls `change` with each event and reminder of an object.
-template <typename Change>
-void forEachItem(CalendarObject &object, Change &&change)
+/// Calls `visit` with each component of a series.
+template <typename Series, typename Visit>
+void forEachTiming(Series &series, Visit &&visit)
 {
-    for (auto &series : object.events) {
-        if (series.master)
-            change(series.master);
-        if (series.recurrence) {
-            for (auto &exception : series.recurrence->exceptions)
-                change(exception.item);
-        }
-    }
-    for (auto &reminder : object.reminders)
-        change(reminder);
+    if (series.master)
+        visit(*series.master);
+    if (!series.recurrence)
+        return;
+    for (auto &exception : series.recurrence->exceptions)
+        visit(exception.timing);
+}
+
+/// A copy whose items have numbers of the collection.
+std::unique_ptr<Recurrence> renumbered(const Recurrence &recurrence, std::uint32_t firstItem)
+{
+    auto copy = std::make_unique<Recurrence>(recurrence);
+    for (SeriesException &exception : copy->exceptions)
+        exception.timing.item += firstItem;
+    return copy;
 }
 
 } // namespace
 
-CollectionContents::Occurrences::Occurrences(std::vector<Occurrence> all)
+CollectionContents::Occurrences::Occurrences(const std::vector<Occurrence> &all)
 {
-    const auto firstCivil = std::stable_partition(
-        all.begin(), all.end(), [](const Occurrence &each) { return each.item->start.isZoned(); });
-    civil = IntervalIndex<Occurrence>({ std::make_move_iterator(firstCivil), std::make_move_iterator(all.end()) });
-    all.erase(firstCivil, all.end());
-    zoned = IntervalIndex<Occurrence>(std::move(all));
+    std::vector<Occurrence> moments;
+    std::vector<Occurrence> readings;
+    moments.reserve(all.size());
+    for (const Occurrence &each : all)
+        (each.isZoned() ? moments : readings).push_back(each);
+    zoned = IntervalIndex<Occurrence>(std::move(moments));
+    civil = IntervalIndex<Occurrence>(std::move(readings));
 }
 
 void CollectionContents::Occurrences::search(const Query &query, const Found &found) const
@@ -61,86 +68,135 @@ void CollectionContents::Occurrences::search(const Query &query, const Found &fo
         [&](const Occurrence &each) { take(each, moment(each.start), moment(each.end)); });
 }
 
-const ObjectRevision *CollectionContents::revision(const QString &name) const
+const StoredObject *CollectionContents::object(const QString &name) const
 {
     const auto found = m_objects.find(name);
-    return found == m_objects.end() ? nullptr : &found->second.revision;
+    return found == m_objects.end() ? nullptr : &found->second;
 }
 
-QStringList CollectionContents::names() const
+void CollectionContents::makePlaces()
 {
-    QStringList names;
-    for (const auto &[name, object] : m_objects)
-        names.append(name);
-    return names;
-}
-
-void CollectionContents::set(const ObjectState &state, CalendarObject content)
-{
-    forEachItem(content, [&state](auto &item) {
-        if (item->uid.isEmpty())
-            item->uid = state.name;
-    });
-    content.complaints.clear();
-    m_objects[state.name] = { state.revision, std::move(content), false };
-}
-
-void CollectionContents::remove(const QString &name)
-{
-    m_objects.erase(name);
-}
-
-void CollectionContents::assignIdentifiers(const Report &duplicate)
-{
-    QHash<QString, const StoredObject *> owners;
+    m_places.clear();
+    m_itemCount = 0;
+    m_holdsReminders = false;
     for (auto &[name, object] : m_objects) {
-        bool isDuplicate = false;
-        forEachItem(object.content, [&, &objectName = name, &own = object](auto &item) {
-            auto &owner = owners[item->uid];
-            if (!owner)
-                owner = &own;
-            const QString suffix = owner == &own ? QString() : u'/' + objectName;
-            if (item->identifierSuffix == suffix)
-                return;
-            // The present item may be in callers' hands: it stays as it is.
-            item = std::make_shared<std::decay_t<decltype(*item)>>(*item);
-            item->identifierSuffix = suffix;
-            isDuplicate = isDuplicate || !suffix.isEmpty();
-        });
-        if (isDuplicate)
-            duplicate(name);
+        std::uint32_t items = 0;
+        for (const EventSeries &series : object.schedule.events)
+            forEachTiming(series, [&](const EventTiming &timing) { items = std::max(items, timing.item + 1); });
+        m_places.push_back({ m_itemCount, m_itemCount + items, &name, &object });
+        m_itemCount += items + static_cast<std::uint32_t>(object.schedule.reminders.size());
+        m_holdsReminders = m_holdsReminders || !object.schedule.reminders.empty();
     }
+}
+
+CollectionContents::UidOwners CollectionContents::findOwners(const Report &duplicate)
+{
+    m_repeated.clear();
+    UidOwners owners;
+    owners.reserve(m_places.size());
+    const StoredObject *reported = nullptr;
+    const auto repeats = [&](const Place &place, UidKey uid) {
+        const UidOwner &owner = owners.try_emplace(uid, UidOwner { place.object, {} }).first->second;
+        if (owner.object != place.object && std::exchange(reported, place.object) != place.object)
+            duplicate(*place.name);
+        return owner.object != place.object;
+    };
+    const auto repeatSeries = [this](const Place &place, const EventSeries &series) {
+        forEachTiming(series, [&](const EventTiming &timing) { m_repeated.insert(place.firstItem + timing.item); });
+    };
+    for (const Place &place : m_places) {
+        for (const EventSeries &series : place.object->schedule.events) {
+            if (series.master && repeats(place, series.uid))
+                repeatSeries(place, series);
+        }
+        std::uint32_t number = place.firstReminder;
+        for (const UidKey uid : place.object->schedule.reminders) {
+            if (repeats(place, uid))
+                m_repeated.insert(number);
+            ++number;
+        }
+    }
+    // Exceptions without their series belong to the one that lies in another object, if any does.
+    for (const Place &place : m_places) {
+        for (const EventSeries &series : place.object->schedule.events) {
+            if (series.master)
+                continue;
+            const auto owner = owners.find(series.uid);
+            if (owner != owners.end() && owner->second.object != place.object)
+                owner->second.strays.push_back({ &series, &place, place.firstItem });
+        }
+    }
+    return owners;
+}
+
+CollectionContents::Series CollectionContents::merged(const Series &series, const std::vector<Series> &strays)
+{
+    EventSeries &all = m_merged.emplace_back();
+    all.uid = series.series->uid;
+    all.master = series.series->master;
+    all.master->item += series.firstItem;
+    const Recurrence *own = series.series->recurrence.get();
+    all.recurrence = own ? renumbered(*own, series.firstItem) : std::make_unique<Recurrence>();
+    for (const Series &stray : strays) {
+        const std::unique_ptr<Recurrence> other = renumbered(*stray.series->recurrence, stray.firstItem);
+        for (const SeriesException &each : other->exceptions)
+            m_masters[each.timing.item] = all.master->item;
+        mergeExceptions(all.recurrence->exceptions, std::move(other->exceptions));
+    }
+    return { &all, series.place, 0 };
 }
 
 void CollectionContents::rebuild(const Report &duplicate)
 {
-    assignIdentifiers(duplicate);
+    makePlaces();
+    const UidOwners owners = findOwners(duplicate);
     m_windows.clear();
     m_series.clear();
-    m_reminders.clear();
+    m_merged.clear();
+    m_masters.clear();
     std::vector<Occurrence> single;
-    std::uint32_t order = 0;
-    for (auto &[name, object] : m_objects) {
-        for (const EventSeries &series : object.content.events) {
-            if (series.recurrence) {
-                m_series.push_back({ &series, &name, &object, order });
-            } else if (!series.master->isCancelled) {
-                single.push_back(singleOccurrence(series.master));
-                single.back().order = order;
+    m_holdsEvents = false;
+    for (const Place &place : m_places) {
+        for (const EventSeries &each : place.object->schedule.events) {
+            m_holdsEvents = true;
+            const auto owner = owners.find(each.uid);
+            const bool isOwner = owner != owners.end() && owner->second.object == place.object;
+            const Series series { &each, &place, place.firstItem };
+            if (each.master && isOwner && !owner->second.strays.empty()) {
+                m_series.push_back(merged(series, owner->second.strays));
+            } else if (!each.master && owner != owners.end() && !isOwner) {
+                continue; // it is among the owner's strays
+            } else if (each.recurrence) {
+                m_series.push_back(series);
+            } else if (!each.master->isCancelled) {
+                single.push_back(singleOccurrence(*each.master));
+                single.back().item += place.firstItem;
             }
-            ++order;
         }
-        m_reminders.insert(m_reminders.end(), object.content.reminders.begin(), object.content.reminders.end());
     }
-    m_holdsEvents = order > 0;
-    m_single = Occurrences(std::move(single));
+    m_single = Occurrences(single);
 }
 
 void CollectionContents::events(const Query &query, ExpansionBudget &budget, const Found &found, const Report &refused)
 {
+    if (query.text) {
+        matchingEvents(query, budget, found, refused);
+        return;
+    }
     m_single.search(query, found);
     if (!m_series.empty())
         expanded(query, budget, refused).search(query, found);
+}
+
+void CollectionContents::expand(const Series &series, const ExpansionWindow &window, ExpansionBudget &budget,
+    const Report &refused, std::vector<Occurrence> &all) const
+{
+    const std::size_t first = all.size();
+    const ExpansionResult result = expandSeries(*series.series, window, budget, all);
+    for (std::size_t i = first; i < all.size(); ++i)
+        all[i].item += series.firstItem;
+    if (result == ExpansionResult::RuleRefused && !std::exchange(series.place->object->isRefused, true))
+        refused(*series.place->name);
 }
 
 const CollectionContents::Occurrences &CollectionContents::expanded(
@@ -155,18 +211,108 @@ const CollectionContents::Occurrences &CollectionContents::expanded(
     }
     const ExpansionWindow window { floor<seconds>(query.begin) - kMargin, ceil<seconds>(query.end) + kMargin };
     std::vector<Occurrence> all;
-    for (const Series &each : m_series) {
-        const std::size_t first = all.size();
-        const ExpansionResult result = expandSeries(*each.series, window, budget, all);
-        for (std::size_t i = first; i < all.size(); ++i)
-            all[i].order = each.order;
-        if (result == ExpansionResult::RuleRefused && !std::exchange(each.object->isRefused, true))
-            refused(*each.name);
-    }
-    m_windows.push_front({ window, Occurrences(std::move(all)) });
+    for (const Series &each : m_series)
+        expand(each, window, budget, refused, all);
+    m_windows.push_front({ window, Occurrences(all) });
     if (m_windows.size() > kKeptWindows)
         m_windows.pop_back();
     return m_windows.front().occurrences;
+}
+
+/// Looks at the texts first: what they rule out need not be expanded. The windows are long and asked for once, so they
+/// are not kept.
+void CollectionContents::matchingEvents(
+    const Query &query, ExpansionBudget &budget, const Found &found, const Report &refused)
+{
+    const std::vector<bool> matching = matchingItems(*query.text);
+    const Found take = [&](const Occurrence &occurrence, sys_seconds start, sys_seconds end) {
+        if (matching[occurrence.item])
+            found(occurrence, start, end);
+    };
+    m_single.search(query, take);
+    const ExpansionWindow window { floor<seconds>(query.begin), ceil<seconds>(query.end) };
+    std::vector<Occurrence> all;
+    for (const Series &each : m_series) {
+        bool mayMatch = false;
+        forEachTiming(*each.series,
+            [&](const EventTiming &timing) { mayMatch = mayMatch || matching[each.firstItem + timing.item]; });
+        if (mayMatch)
+            expand(each, window, budget, refused, all);
+    }
+    Occurrences(all).search(query, take);
+}
+
+std::vector<bool> CollectionContents::matchingItems(const TextMatcher &text)
+{
+    std::vector<bool> matching(m_itemCount);
+    for (const Place &place : m_places) {
+        const std::uint32_t count = place.firstReminder - place.firstItem;
+        if (count == 0)
+            continue;
+        const TextVisitor visit = [&](std::uint32_t item, QStringView title, QStringView location, QStringView notes) {
+            if (item < count)
+                matching[place.firstItem + item] = text.isIn(title) || text.isIn(location) || text.isIn(notes);
+        };
+        if (!place.object->details && m_source.visitTexts(*place.object, visit))
+            continue;
+        std::uint32_t number = 0;
+        for (const auto &item : details(place).items)
+            visit(number++, item->title, item->location, item->notes);
+    }
+    return matching;
+}
+
+const CollectionContents::Place &CollectionContents::placeOf(std::uint32_t item) const
+{
+    const auto next = std::upper_bound(m_places.begin(), m_places.end(), item,
+        [](std::uint32_t number, const Place &place) { return number < place.firstItem; });
+    return *std::prev(next);
+}
+
+ObjectDetails &CollectionContents::details(const Place &place)
+{
+    StoredObject &object = *place.object;
+    if (!object.details)
+        object.details = std::make_unique<ObjectDetails>(m_source.loadDetails(*place.name, object));
+    // What is read again may by now be another revision, and have less in it.
+    const std::size_t count = place.firstReminder - place.firstItem;
+    while (object.details->items.size() < count)
+        object.details->items.push_back(std::make_shared<const EventItem>());
+    while (object.details->reminders.size() < object.schedule.reminders.size())
+        object.details->reminders.push_back(std::make_shared<const ReminderRecord>());
+    return *object.details;
+}
+
+std::shared_ptr<const EventItem> CollectionContents::item(std::uint32_t number)
+{
+    const Place &place = placeOf(number);
+    std::shared_ptr<const EventItem> &item = details(place).items[number - place.firstItem];
+    if (const auto master = m_masters.find(number); master != m_masters.end()) {
+        auto copy = std::make_shared<EventItem>(*item);
+        copy->recurrenceRules = this->item(master->second)->recurrenceRules;
+        m_masters.erase(master);
+        item = std::move(copy);
+    }
+    return item;
+}
+
+QString CollectionContents::identifierSuffix(std::uint32_t number) const
+{
+    return m_repeated.contains(number) ? u'/' + *placeOf(number).name : QString();
+}
+
+std::vector<CollectionContents::Reminder> CollectionContents::reminders()
+{
+    std::vector<Reminder> reminders;
+    if (!m_holdsReminders)
+        return reminders;
+    for (const Place &place : m_places) {
+        std::uint32_t number = place.firstReminder;
+        const std::size_t count = place.object->schedule.reminders.size();
+        for (std::size_t i = 0; i < count; ++i)
+            reminders.push_back({ details(place).reminders[i], identifierSuffix(number++) });
+    }
+    return reminders;
 }
 
 } // namespace mintaro

@@ -1,18 +1,31 @@
 #pragma once
 
-#include "Platform/EventKit/ICalendarReader.h"
+#include "Platform/EventKit/Index/ObjectCodec.h"
 #include "Platform/EventKit/IntervalIndex.h"
 #include "Platform/EventKit/RecurrenceExpander.h"
-#include "Platform/EventKit/StoreBackend.h"
+#include "Platform/EventKit/StoredObject.h"
+#include "Platform/Foundation/TextMatcher.h"
 
 #include <deque>
 #include <functional>
 #include <map>
+#include <set>
+#include <unordered_map>
 
 namespace mintaro {
 
-/// The objects of one collection, parsed, with their occurrences sorted: those of events that happen once from the
-/// start, those of series for the windows that were asked for. Not thread-safe.
+/// Where details come from that are not in memory.
+class DetailsSource
+{
+public:
+    virtual ~DetailsSource() = default;
+    [[nodiscard]] virtual ObjectDetails loadDetails(const QString &name, const StoredObject &object) = 0;
+    /// Visits the texts of the items without loading anything else; false where that is not possible.
+    virtual bool visitTexts(const StoredObject &object, const TextVisitor &visit) = 0;
+};
+
+/// The objects of one collection with their occurrences sorted: those of events that happen once from the start, those
+/// of series for the windows that were asked for. Not thread-safe.
 class CollectionContents
 {
 public:
@@ -22,46 +35,72 @@ public:
         Date end;
         /// Gives all-day and floating readings their moments.
         TimeZone viewer;
+        /// Only events whose title, location or notes it finds; null for all.
+        const TextMatcher *text = nullptr;
     };
     using Found = std::function<void(
         const Occurrence &occurrence, std::chrono::sys_seconds start, std::chrono::sys_seconds end)>;
     /// Called with an object's name.
     using Report = std::function<void(const QString &name)>;
 
-    /// Empty for an object that is not held.
-    [[nodiscard]] const ObjectRevision *revision(const QString &name) const;
-    [[nodiscard]] QStringList names() const;
-    /// After set and remove, and before anything else, comes rebuild.
-    void set(const ObjectState &state, CalendarObject content);
-    /// A new revision of an object that is held, without new content.
-    void keep(const ObjectState &state) { m_objects[state.name].revision = state.revision; }
-    void remove(const QString &name);
-    /// Makes identifiers and indices anew. `duplicate` is told of objects that turn out to repeat the UID of an earlier
-    /// one.
+    /// `source` must outlive the contents.
+    explicit CollectionContents(DetailsSource &source)
+        : m_source(source)
+    {
+    }
+
+    [[nodiscard]] const std::map<QString, StoredObject> &objects() const { return m_objects; }
+    /// Null for an object that is not held.
+    [[nodiscard]] const StoredObject *object(const QString &name) const;
+    [[nodiscard]] StoredObject *object(const QString &name)
+    {
+        return const_cast<StoredObject *>(std::as_const(*this).object(name));
+    }
+    /// After these, and before anything else, comes rebuild.
+    void set(const QString &name, StoredObject object) { m_objects.insert_or_assign(name, std::move(object)); }
+    void remove(const QString &name) { m_objects.erase(name); }
+    /// Makes the indices anew. `duplicate` is told of objects that repeat the UID of an earlier one.
     void rebuild(const Report &duplicate);
 
     [[nodiscard]] bool holdsEvents() const { return m_holdsEvents; }
-    [[nodiscard]] bool holdsReminders() const { return !m_reminders.empty(); }
+    [[nodiscard]] bool holdsReminders() const { return m_holdsReminders; }
 
     /// All occurrences that overlap [begin, end), in no order. `refused` is told, once each, of objects whose rules
     /// were left out because they cost too much.
     void events(const Query &query, ExpansionBudget &budget, const Found &found, const Report &refused);
-    [[nodiscard]] const std::vector<std::shared_ptr<const ReminderRecord>> &reminders() const { return m_reminders; }
+
+    /// What an occurrence says.
+    [[nodiscard]] std::shared_ptr<const EventItem> item(const Occurrence &occurrence) { return item(occurrence.item); }
+    /// What tells the occurrence's identifier from that of another event of its UID; mostly empty.
+    [[nodiscard]] QString identifierSuffix(const Occurrence &occurrence) const
+    {
+        return identifierSuffix(occurrence.item);
+    }
+
+    struct Reminder
+    {
+        std::shared_ptr<const ReminderRecord> record;
+        QString identifierSuffix;
+    };
+    [[nodiscard]] std::vector<Reminder> reminders();
 
 private:
-    struct StoredObject
+    /// An object with the numbers that its items have in the collection; those of its reminders come after them.
+    struct Place
     {
-        ObjectRevision revision {};
-        CalendarObject content;
-        bool isRefused = false;
+        std::uint32_t firstItem;
+        std::uint32_t firstReminder;
+        const QString *name;
+        StoredObject *object;
     };
 
+    /// A series; its items count from that of `place`, or in the whole collection where it was put together from
+    /// several objects.
     struct Series
     {
         const EventSeries *series;
-        const QString *name;
-        StoredObject *object;
-        std::uint32_t order;
+        const Place *place;
+        std::uint32_t firstItem;
     };
 
     /// Moments and readings are counted apart.
@@ -71,7 +110,7 @@ private:
         IntervalIndex<Occurrence> civil;
 
         Occurrences() = default;
-        explicit Occurrences(std::vector<Occurrence> all);
+        explicit Occurrences(const std::vector<Occurrence> &all);
         void search(const Query &query, const Found &found) const;
     };
 
@@ -81,16 +120,43 @@ private:
         Occurrences occurrences;
     };
 
-    void assignIdentifiers(const Report &duplicate);
-    [[nodiscard]] const Occurrences &expanded(const Query &query, ExpansionBudget &budget, const Report &refused);
+    /// Who has a UID first, and the exceptions of it that lie in other objects.
+    struct UidOwner
+    {
+        const StoredObject *object;
+        std::vector<Series> strays;
+    };
+    using UidOwners = std::unordered_map<UidKey, UidOwner>;
 
+    void makePlaces();
+    [[nodiscard]] UidOwners findOwners(const Report &duplicate);
+    [[nodiscard]] Series merged(const Series &series, const std::vector<Series> &strays);
+    void expand(const Series &series, const ExpansionWindow &window, ExpansionBudget &budget, const Report &refused,
+        std::vector<Occurrence> &all) const;
+    [[nodiscard]] const Occurrences &expanded(const Query &query, ExpansionBudget &budget, const Report &refused);
+    void matchingEvents(const Query &query, ExpansionBudget &budget, const Found &found, const Report &refused);
+    [[nodiscard]] std::vector<bool> matchingItems(const TextMatcher &text);
+    [[nodiscard]] const Place &placeOf(std::uint32_t item) const;
+    [[nodiscard]] ObjectDetails &details(const Place &place);
+    [[nodiscard]] std::shared_ptr<const EventItem> item(std::uint32_t number);
+    [[nodiscard]] QString identifierSuffix(std::uint32_t number) const;
+
+    DetailsSource &m_source;
     std::map<QString, StoredObject> m_objects;
+    std::vector<Place> m_places;
+    std::uint32_t m_itemCount = 0;
     Occurrences m_single;
     std::vector<Series> m_series;
-    std::vector<std::shared_ptr<const ReminderRecord>> m_reminders;
+    /// Series whose exceptions lie in objects of their own, put together.
+    std::deque<EventSeries> m_merged;
+    /// The items of such exceptions with the master item whose rules they are to show.
+    std::map<std::uint32_t, std::uint32_t> m_masters;
+    /// The events and reminders that repeat the UID of another object.
+    std::set<std::uint32_t> m_repeated;
     /// The windows asked for lately, the last one first.
     std::deque<ExpandedWindow> m_windows;
     bool m_holdsEvents = false;
+    bool m_holdsReminders = false;
 };
 
 } // namespace mintaro

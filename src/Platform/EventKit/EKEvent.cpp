@@ -18,9 +18,11 @@ EKEvent::EKEvent()
 {
 }
 
-EKEvent::EKEvent(std::shared_ptr<const EventItem> item, EKCalendarRef calendar, Date start, Date end, Date occurrence)
+EKEvent::EKEvent(std::shared_ptr<const EventItem> item, EKCalendarRef calendar, QString identifierSuffix, Date start,
+    Date end, Date occurrence)
     : m_item(std::move(item))
     , m_calendar(std::move(calendar))
+    , m_identifierSuffix(std::move(identifierSuffix))
     , m_start(start)
     , m_end(end)
     , m_occurrence(occurrence)
@@ -29,7 +31,7 @@ EKEvent::EKEvent(std::shared_ptr<const EventItem> item, EKCalendarRef calendar, 
 
 QString EKEvent::eventIdentifier() const
 {
-    return m_calendar ? m_calendar->calendarIdentifier + u'/' + m_item->uid + m_item->identifierSuffix : QString();
+    return m_calendar ? m_calendar->calendarIdentifier + u'/' + m_item->uid + m_identifierSuffix : QString();
 }
 
 QString EKEvent::calendarItemExternalIdentifier() const
@@ -59,7 +61,7 @@ std::optional<QString> EKEvent::url() const
 
 bool EKEvent::isAllDay() const
 {
-    return m_item->isAllDay();
+    return m_item->isAllDay;
 }
 
 const std::vector<EKParticipant> &EKEvent::attendees() const

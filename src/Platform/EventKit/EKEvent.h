@@ -23,9 +23,11 @@ class EKEvent
 public:
     /// An empty event that belongs to no store.
     EKEvent();
-    /// One occurrence of `item`, as the store's query gives it. `start` and `end` as startDate and endDate tell them;
-    /// `occurrence` is the start that the rule gives, before an exception moved it.
-    EKEvent(std::shared_ptr<const EventItem> item, EKCalendarRef calendar, Date start, Date end, Date occurrence);
+    /// One occurrence of `item`, as the store's query gives it. `identifierSuffix` tells it from an item of the same
+    /// UID in the same calendar; mostly empty. `start` and `end` as startDate and endDate tell them; `occurrence` is
+    /// the start that the rule gives, before an exception moved it.
+    EKEvent(std::shared_ptr<const EventItem> item, EKCalendarRef calendar, QString identifierSuffix, Date start,
+        Date end, Date occurrence);
 
     /// Shared by all occurrences of a series, stable across restarts; empty for a detached event.
     [[nodiscard]] QString eventIdentifier() const;
@@ -62,6 +64,7 @@ public:
 private:
     std::shared_ptr<const EventItem> m_item;
     EKCalendarRef m_calendar;
+    QString m_identifierSuffix;
     Date m_start {};
     Date m_end {};
     Date m_occurrence {};

@@ -21,7 +21,9 @@ struct EKEventPredicate
     Date start;
     Date end;
     /// Identifiers; absent: every calendar, empty: none.
-    std::optional<std::vector<QString>> calendarIdentifiers;
+    std::optional<std::vector<QString>> calendarIdentifiers {};
+    /// Only events whose title, location or notes contain it, whatever the case by the rules of the user's language.
+    std::optional<QString> text {};
 };
 
 struct EKReminderPredicate

@@ -18,15 +18,16 @@ std::optional<Date> EKDueDateComponents::date(const Calendar &calendar) const
     return timeZone ? std::optional<Date>(timeZone->toInstant(readingOf(components))) : calendar.date(components);
 }
 
-EKReminder::EKReminder(std::shared_ptr<const ReminderRecord> record, EKCalendarRef calendar)
+EKReminder::EKReminder(std::shared_ptr<const ReminderRecord> record, EKCalendarRef calendar, QString identifierSuffix)
     : m_record(std::move(record))
     , m_calendar(std::move(calendar))
+    , m_identifierSuffix(std::move(identifierSuffix))
 {
 }
 
 QString EKReminder::calendarItemIdentifier() const
 {
-    return m_calendar->calendarIdentifier + u'/' + m_record->uid + m_record->identifierSuffix;
+    return m_calendar->calendarIdentifier + u'/' + m_record->uid + m_identifierSuffix;
 }
 
 QString EKReminder::title() const

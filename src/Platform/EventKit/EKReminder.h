@@ -29,7 +29,8 @@ struct EKDueDateComponents
 class EKReminder
 {
 public:
-    EKReminder(std::shared_ptr<const ReminderRecord> record, EKCalendarRef calendar);
+    /// `identifierSuffix` tells it from an item of the same UID in the same list; mostly empty.
+    EKReminder(std::shared_ptr<const ReminderRecord> record, EKCalendarRef calendar, QString identifierSuffix);
 
     /// Stable across restarts.
     [[nodiscard]] QString calendarItemIdentifier() const;
@@ -47,6 +48,7 @@ public:
 private:
     std::shared_ptr<const ReminderRecord> m_record;
     EKCalendarRef m_calendar;
+    QString m_identifierSuffix;
 };
 
 } // namespace mintaro

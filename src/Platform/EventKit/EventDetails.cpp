@@ -118,17 +118,17 @@ QString readLink(icalcomponent *component, PropertyReader &reader)
 
 } // namespace
 
-void readDetails(icalcomponent *component, PropertyReader &reader, const QStringList &userAddresses, EventItem &item)
+void readDetails(icalcomponent *component, PropertyReader &reader, const QStringList &userAddresses,
+    const EventLength &length, EventItem &item)
 {
     item.title = reader.text(component, ICAL_SUMMARY_PROPERTY);
     item.location = reader.text(component, ICAL_LOCATION_PROPERTY);
     item.notes = reader.text(component, ICAL_DESCRIPTION_PROPERTY);
     item.url = readLink(component, reader);
-    item.isCancelled = icalcomponent_get_status(component) == ICAL_STATUS_CANCELLED;
     ical::forEachProperty(component, ICAL_ATTENDEE_PROPERTY,
         [&](icalproperty *property) { item.attendees.push_back(readAttendee(property, userAddresses)); });
     ical::forEachComponent(component, ICAL_VALARM_COMPONENT, [&](icalcomponent *alarm) {
-        if (const auto read = readAlarm(alarm, item.length, reader))
+        if (const auto read = readAlarm(alarm, length, reader))
             item.alarms.push_back(*read);
     });
 }

@@ -106,9 +106,9 @@ std::unique_ptr<Recurrence> readRecurrence(icalcomponent *component, EventItem &
     return repeats ? std::move(recurrence) : nullptr;
 }
 
-SeriesException readException(icalcomponent *component, const EventTime &id, std::shared_ptr<EventItem> item)
+SeriesException readException(icalcomponent *component, const EventTime &id, const EventTiming &timing)
 {
-    SeriesException exception { id, false, 0, std::move(item) };
+    SeriesException exception { id, false, 0, timing };
     icalproperty *property = icalcomponent_get_first_property(component, ICAL_RECURRENCEID_PROPERTY);
     icalparameter *range = icalproperty_get_first_parameter(property, ICAL_RANGE_PARAMETER);
     exception.thisAndFuture = range && icalparameter_get_range(range) == ICAL_RANGE_THISANDFUTURE;
@@ -131,13 +131,16 @@ std::optional<EventComponent> readEvent(
     result.item = std::make_shared<EventItem>();
     EventItem &item = *result.item;
     item.uid = reader.text(component, ICAL_UID_PROPERTY);
-    item.start = *start;
-    item.length = readEventLength(component, *start, reader);
+    item.isAllDay = start->form == TimeForm::Day;
     item.isDamaged = isDamaged(component);
-    readDetails(component, reader, userAddresses, item);
+    EventTiming &timing = result.timing;
+    timing.start = *start;
+    timing.length = readEventLength(component, *start, reader);
+    timing.isCancelled = icalcomponent_get_status(component) == ICAL_STATUS_CANCELLED;
+    readDetails(component, reader, userAddresses, timing.length, item);
     if (icalcomponent_get_first_property(component, ICAL_RECURRENCEID_PROPERTY)) {
         if (const auto id = reader.time(component, ICAL_RECURRENCEID_PROPERTY))
-            result.exception = readException(component, *id, result.item);
+            result.exception = readException(component, *id, timing);
     } else {
         result.recurrence = readRecurrence(component, item, reader);
     }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Platform/EventKit/EventItem.h"
 #include "Platform/EventKit/EventSeries.h"
 #include "Platform/EventKit/PropertyReader.h"
 #include "Platform/EventKit/ReminderRecord.h"
@@ -13,9 +14,10 @@ namespace mintaro {
 struct EventComponent
 {
     std::shared_ptr<EventItem> item;
+    EventTiming timing;
     /// Null for an event that happens once.
     std::unique_ptr<Recurrence> recurrence;
-    /// Set for a component with a RECURRENCE-ID; it holds the same item.
+    /// Set for a component with a RECURRENCE-ID; it holds the same timing.
     std::optional<SeriesException> exception;
 };
 

@@ -13,6 +13,8 @@ namespace mintaro {
 
 namespace {
 
+constexpr qsizetype kLongestComplaint = 1'000;
+
 /// Puts the events of an object together by UID.
 class SeriesCollector
 {
@@ -25,29 +27,33 @@ public:
     void add(EventComponent event)
     {
         if (event.exception)
-            m_exceptions[event.item->uid].push_back(std::move(*event.exception));
+            m_exceptions[event.item->uid].push_back(std::move(event));
         else if (m_uids.insert(event.item->uid).second)
             m_masters.push_back(std::move(event));
         else
             addDuplicate(std::move(event));
     }
 
-    std::vector<EventSeries> finish()
+    void finish(CalendarObject &object)
     {
-        std::vector<EventSeries> result;
-        for (auto &master : m_masters) {
-            const auto found = m_exceptions.find(master.item->uid);
-            if (found != m_exceptions.end()) {
-                adopt(master, std::move(found->second));
-                m_exceptions.erase(found);
-            }
-            result.push_back({ std::move(master.item), std::move(master.recurrence) });
+        for (EventComponent &master : m_masters) {
+            EventSeries &series = object.schedule.events.emplace_back();
+            series.uid = uidKey(master.item->uid);
+            series.recurrence = std::move(master.recurrence);
+            const std::vector<EKRecurrenceRule> rules = master.item->recurrenceRules;
+            series.master = master.timing;
+            series.master->item = keep(std::move(master.item), object);
+            const auto found = m_exceptions.find(object.details.items.back()->uid);
+            if (found == m_exceptions.end())
+                continue;
+            addExceptions(std::move(found->second), rules, series, object);
+            m_exceptions.erase(found);
         }
         for (auto &[uid, orphans] : m_exceptions) {
-            result.push_back({ nullptr, std::make_unique<Recurrence>() });
-            result.back().recurrence->exceptions = withoutOutdated(std::move(orphans));
+            EventSeries &series = object.schedule.events.emplace_back();
+            series.uid = uidKey(uid);
+            addExceptions(std::move(orphans), {}, series, object);
         }
-        return result;
     }
 
 private:
@@ -57,34 +63,30 @@ private:
         m_masters.push_back(std::move(event));
     }
 
-    static std::vector<SeriesException> withoutOutdated(std::vector<SeriesException> exceptions)
+    static std::uint32_t keep(std::shared_ptr<const EventItem> item, CalendarObject &object)
     {
-        // Of two exceptions for the same occurrence the one of the higher SEQUENCE holds, else the later one.
-        std::vector<SeriesException> result;
-        for (auto &each : exceptions) {
-            const auto same = std::find_if(result.begin(), result.end(),
-                [&each](const SeriesException &other) { return other.recurrenceId == each.recurrenceId; });
-            if (same == result.end())
-                result.push_back(std::move(each));
-            else if (each.sequence >= same->sequence)
-                *same = std::move(each);
-        }
-        return result;
+        object.details.items.push_back(std::move(item));
+        return static_cast<std::uint32_t>(object.details.items.size() - 1);
     }
 
-    static void adopt(EventComponent &master, std::vector<SeriesException> exceptions)
+    static void addExceptions(std::vector<EventComponent> components, const std::vector<EKRecurrenceRule> &rules,
+        EventSeries &series, CalendarObject &object)
     {
-        if (!master.recurrence)
-            master.recurrence = std::make_unique<Recurrence>();
-        for (const auto &exception : exceptions)
-            exception.item->recurrenceRules = master.item->recurrenceRules;
-        master.recurrence->exceptions = withoutOutdated(std::move(exceptions));
+        if (!series.recurrence)
+            series.recurrence = std::make_unique<Recurrence>();
+        std::vector<SeriesException> exceptions;
+        for (EventComponent &each : components) {
+            each.item->recurrenceRules = rules;
+            each.exception->timing.item = keep(std::move(each.item), object);
+            exceptions.push_back(std::move(*each.exception));
+        }
+        mergeExceptions(series.recurrence->exceptions, std::move(exceptions));
     }
 
     PropertyReader &m_reader;
     std::vector<EventComponent> m_masters;
     std::set<QString> m_uids;
-    std::map<QString, std::vector<SeriesException>> m_exceptions;
+    std::map<QString, std::vector<EventComponent>> m_exceptions;
 };
 
 /// Visits the components of a kind in the calendars of a text, however they are wrapped.
@@ -99,38 +101,41 @@ void visitKind(icalcomponent *component, icalcomponent_kind kind, Visit &visit)
     ical::forEachComponent(component, ICAL_ANY_COMPONENT, [&](icalcomponent *child) { visitKind(child, kind, visit); });
 }
 
-void readReminders(icalcomponent *root, PropertyReader &reader, CalendarObject &object)
+void readReminders(icalcomponent *root, PropertyReader &reader, const QString &namelessUid, CalendarObject &object)
 {
-    QStringList masters;
+    std::set<QString> masters;
     std::vector<std::shared_ptr<ReminderRecord>> exceptions;
+    const auto keep = [&](std::shared_ptr<ReminderRecord> record) {
+        masters.insert(record->uid);
+        object.schedule.reminders.push_back(uidKey(record->uid));
+        object.details.reminders.push_back(std::move(record));
+    };
     const auto visit = [&](icalcomponent *component) {
         auto record = readReminder(component, reader);
         if (!record)
             return;
-        if (icalcomponent_get_first_property(component, ICAL_RECURRENCEID_PROPERTY)) {
+        if (record->uid.isEmpty())
+            record->uid = namelessUid;
+        if (icalcomponent_get_first_property(component, ICAL_RECURRENCEID_PROPERTY))
             exceptions.push_back(std::move(record));
-        } else {
-            masters.append(record->uid);
-            object.reminders.push_back(std::move(record));
-        }
+        else
+            keep(std::move(record));
     };
     visitKind(root, ICAL_VTODO_COMPONENT, visit);
     // A task that repeats is one reminder, that of its series.
     for (auto &each : exceptions) {
-        if (!masters.contains(each->uid)) {
-            masters.append(each->uid);
-            object.reminders.push_back(std::move(each));
-        }
+        if (!masters.contains(each->uid))
+            keep(std::move(each));
     }
 }
 
 } // namespace
 
-CalendarObject readCalendarObject(const QByteArray &text, const QStringList &userAddresses)
+CalendarObject readCalendarObject(const QByteArray &text, const QStringList &userAddresses, const QString &namelessUid)
 {
     CalendarObject object;
     if (const auto refusal = refusalOf(text)) {
-        object.complaints.append(*refusal);
+        object.schedule.complaint = *refusal;
         return object;
     }
     icalerror_set_errors_are_fatal(0);
@@ -139,19 +144,23 @@ CalendarObject readCalendarObject(const QByteArray &text, const QStringList &use
     clean.replace('\0', QByteArray());
     const ical::ComponentHandle root(icalparser_parse_string(clean.constData()));
     if (!root) {
-        object.complaints.append(QStringLiteral("no iCalendar object"));
+        object.schedule.complaint = QStringLiteral("no iCalendar object");
         return object;
     }
     PropertyReader reader(root.get());
     SeriesCollector series(reader);
     const auto visit = [&](icalcomponent *component) {
-        if (auto event = readEvent(component, reader, userAddresses))
-            series.add(std::move(*event));
+        auto event = readEvent(component, reader, userAddresses);
+        if (!event)
+            return;
+        if (event->item->uid.isEmpty())
+            event->item->uid = namelessUid;
+        series.add(std::move(*event));
     };
     visitKind(root.get(), ICAL_VEVENT_COMPONENT, visit);
-    object.events = series.finish();
-    readReminders(root.get(), reader, object);
-    object.complaints = reader.complaints();
+    series.finish(object);
+    readReminders(root.get(), reader, namelessUid, object);
+    object.schedule.complaint = reader.complaints().join(QStringLiteral("; ")).left(kLongestComplaint);
     return object;
 }
 

@@ -1,13 +1,12 @@
 #pragma once
 
-#include "Platform/EventKit/EventItem.h"
+#include "Platform/EventKit/EventTime.h"
 
 #include <cstdint>
-#include <memory>
 
 namespace mintaro {
 
-/// One occurrence as it is kept: seconds since 1970, of UTC for a zoned item, of the civil clock for an all-day or
+/// One occurrence as it is kept: seconds since 1970, of UTC for a zoned event, of the civil clock for an all-day or
 /// floating one, which the query's zone turns into moments.
 struct Occurrence
 {
@@ -16,11 +15,14 @@ struct Occurrence
     std::int64_t end = 0;
     /// The start that the series gives.
     std::int64_t original = 0;
+    /// Which item says what: counted in its object, and in what a collection holds, through all its objects in the
+    /// order of their names.
+    std::uint32_t item = 0;
+    TimeForm form = TimeForm::Floating;
     /// The series may be of another kind than its exception.
     bool originalIsZoned = false;
-    /// Place of the item in its calendar: the order among those of equal starts.
-    std::uint32_t order = 0;
-    std::shared_ptr<const EventItem> item;
+
+    [[nodiscard]] bool isZoned() const { return form == TimeForm::Zoned; }
 };
 
 } // namespace mintaro

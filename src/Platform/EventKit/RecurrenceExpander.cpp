@@ -29,9 +29,9 @@ std::int64_t timeOf(const EventTime &time)
     return time.isZoned() ? count(time.zone.toInstant(time.reading)) : count(time.reading);
 }
 
-Occurrence makeOccurrence(const std::shared_ptr<const EventItem> &item, LocalTime reading, const EventLength &length)
+Occurrence makeOccurrence(const EventTiming &timing, LocalTime reading, const EventLength &length)
 {
-    EventTime start = item->start;
+    EventTime start = timing.start;
     start.reading = reading;
     EventTime nominalEnd = start;
     nominalEnd.reading += length.nominal;
@@ -39,8 +39,9 @@ Occurrence makeOccurrence(const std::shared_ptr<const EventItem> &item, LocalTim
     occurrence.start = timeOf(start);
     occurrence.end = std::max(occurrence.start, timeOf(nominalEnd) + length.exact.count());
     occurrence.original = occurrence.start;
+    occurrence.item = timing.item;
+    occurrence.form = start.form;
     occurrence.originalIsZoned = start.isZoned();
-    occurrence.item = item;
     return occurrence;
 }
 
@@ -78,7 +79,7 @@ class Expansion
 {
 public:
     Expansion(
-        const EventItem &master, const Recurrence &recurrence, const ExpansionWindow &window, ExpansionBudget &budget)
+        const EventTiming &master, const Recurrence &recurrence, const ExpansionWindow &window, ExpansionBudget &budget)
         : m_master(master)
         , m_recurrence(recurrence)
         , m_budget(budget)
@@ -88,7 +89,7 @@ public:
     {
     }
 
-    ExpansionResult run(const std::shared_ptr<EventItem> &master, std::vector<Occurrence> &result);
+    ExpansionResult run(std::vector<Occurrence> &result);
 
 private:
     [[nodiscard]] seconds reach() const;
@@ -102,10 +103,11 @@ private:
     [[nodiscard]] bool collectExcluded();
     void addFirst();
     void addDates();
+    void collectFuture();
     [[nodiscard]] const SeriesException *governing(const Start &start) const;
     [[nodiscard]] Occurrence shifted(const SeriesException &exception, const Start &start) const;
 
-    const EventItem &m_master;
+    const EventTiming &m_master;
     const Recurrence &m_recurrence;
     ExpansionBudget &m_budget;
     const LocalTime m_from;
@@ -113,6 +115,7 @@ private:
     const std::int64_t m_maximum;
     std::vector<Start> m_starts;
     StartSet m_excluded;
+    std::vector<std::pair<std::int64_t, const SeriesException *>> m_future;
 };
 
 /// How far from the window a start may lie whose occurrence touches it: its length, the shift of a THISANDFUTURE, and
@@ -124,8 +127,8 @@ seconds Expansion::reach() const
         reach = std::max(reach, added.length.value_or(EventLength {}).total());
     for (const auto &exception : m_recurrence.exceptions) {
         if (exception.thisAndFuture)
-            reach
-                += abs(exception.item->start.reading - exception.recurrenceId.reading) + exception.item->length.total();
+            reach += abs(exception.timing.start.reading - exception.recurrenceId.reading)
+                + exception.timing.length.total();
     }
     return reach + days { 2 };
 }
@@ -244,59 +247,61 @@ bool Expansion::collectExcluded()
     return complete;
 }
 
+/// Puts the THISANDFUTURE exceptions in the order of what they except.
+void Expansion::collectFuture()
+{
+    for (const auto &exception : m_recurrence.exceptions) {
+        if (exception.thisAndFuture)
+            m_future.emplace_back(keyOf(ownReading(exception.recurrenceId)), &exception);
+    }
+    std::stable_sort(m_future.begin(), m_future.end(), [](const auto &a, const auto &b) { return a.first < b.first; });
+}
+
 /// The THISANDFUTURE exception that speaks for `start`, the latest of those before it.
 const SeriesException *Expansion::governing(const Start &start) const
 {
-    const SeriesException *latest = nullptr;
-    std::int64_t latestKey = 0;
-    for (const auto &exception : m_recurrence.exceptions) {
-        if (!exception.thisAndFuture)
-            continue;
-        const std::int64_t key = keyOf(ownReading(exception.recurrenceId));
-        if (key <= start.key && (!latest || key > latestKey)) {
-            latest = &exception;
-            latestKey = key;
-        }
-    }
-    return latest;
+    const auto next = std::upper_bound(m_future.begin(), m_future.end(), start.key,
+        [](std::int64_t key, const auto &future) { return key < future.first; });
+    return next == m_future.begin() ? nullptr : std::prev(next)->second;
 }
 
 /// `start` moved as `exception` was moved.
 Occurrence Expansion::shifted(const SeriesException &exception, const Start &start) const
 {
     const LocalTime from = ownReading(exception.recurrenceId);
-    const LocalTime to = exception.item->start.form == m_master.start.form ? ownReading(exception.item->start)
-                                                                           : exception.item->start.reading;
+    const LocalTime to = exception.timing.start.form == m_master.start.form ? ownReading(exception.timing.start)
+                                                                            : exception.timing.start.reading;
     LocalTime reading = start.reading + (to - from);
-    const EventTime &own = exception.item->start;
+    const EventTime &own = exception.timing.start;
     if (own.isZoned() && m_master.start.isZoned())
         reading = own.zone.toLocal(m_master.start.zone.toInstant(reading));
-    return makeOccurrence(exception.item, reading, exception.item->length);
+    return makeOccurrence(exception.timing, reading, exception.timing.length);
 }
 
-ExpansionResult Expansion::run(const std::shared_ptr<EventItem> &master, std::vector<Occurrence> &result)
+ExpansionResult Expansion::run(std::vector<Occurrence> &result)
 {
     const bool startsComplete = collectStarts();
     const bool complete = collectExcluded() && startsComplete;
+    collectFuture();
     for (const Start &start : m_starts) {
         if (m_excluded.contains(start))
             continue;
         const SeriesException *future = governing(start);
-        Occurrence occurrence = future ? shifted(*future, start)
-                                       : makeOccurrence(master, start.reading, start.length.value_or(master->length));
-        occurrence.original = start.key;
-        occurrence.originalIsZoned = master->start.isZoned();
-        if (!occurrence.item->isCancelled)
-            result.push_back(std::move(occurrence));
+        if (future ? future->timing.isCancelled : m_master.isCancelled)
+            continue;
+        result.push_back(future ? shifted(*future, start)
+                                : makeOccurrence(m_master, start.reading, start.length.value_or(m_master.length)));
+        result.back().original = start.key;
+        result.back().originalIsZoned = m_master.start.isZoned();
     }
     return complete ? ExpansionResult::Complete : ExpansionResult::RuleRefused;
 }
 
 } // namespace
 
-Occurrence singleOccurrence(const std::shared_ptr<const EventItem> &item)
+Occurrence singleOccurrence(const EventTiming &timing)
 {
-    return makeOccurrence(item, item->start.reading, item->length);
+    return makeOccurrence(timing, timing.start.reading, timing.length);
 }
 
 ExpansionResult expandSeries(
@@ -306,13 +311,13 @@ ExpansionResult expandSeries(
     if (series.master) {
         ExpansionBudget own { std::min(budget.steps, kMaximumStepsPerSeries) };
         const std::int64_t before = own.steps;
-        outcome = Expansion(*series.master, *series.recurrence, window, own).run(series.master, result);
+        outcome = Expansion(*series.master, *series.recurrence, window, own).run(result);
         budget.steps -= before - std::max<std::int64_t>(own.steps, 0);
     }
     for (const auto &exception : series.recurrence->exceptions) {
-        if (exception.item->isCancelled)
+        if (exception.timing.isCancelled)
             continue;
-        Occurrence occurrence = singleOccurrence(exception.item);
+        Occurrence occurrence = singleOccurrence(exception.timing);
         occurrence.original = timeOf(exception.recurrenceId);
         occurrence.originalIsZoned = exception.recurrenceId.isZoned();
         result.push_back(std::move(occurrence));

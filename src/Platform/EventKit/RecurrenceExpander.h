@@ -21,8 +21,8 @@ enum class ExpansionResult {
     RuleRefused,
 };
 
-/// The occurrence of an event that happens once.
-[[nodiscard]] Occurrence singleOccurrence(const std::shared_ptr<const EventItem> &item);
+/// The occurrence of an event that happens once, cancelled or not.
+[[nodiscard]] Occurrence singleOccurrence(const EventTiming &timing);
 
 /// Appends the occurrences of a series to `result`, in no order: RRULE and RDATE without EXRULE and EXDATE, exceptions
 /// in place of what they except, without the cancelled ones (RFC 5545 3.8.5). Occurrences outside the window may be

@@ -13,8 +13,6 @@ namespace mintaro {
 struct ReminderRecord
 {
     QString uid;
-    /// As EventItem::identifierSuffix.
-    QString identifierSuffix;
     QString title;
     QString notes;
     QString url;

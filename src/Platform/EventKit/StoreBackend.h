@@ -83,7 +83,8 @@ public:
     [[nodiscard]] virtual std::optional<QByteArray> read(const QString &collection, const QString &name) = 0;
     /// What to call the object in a log line.
     [[nodiscard]] virtual QString describe(const QString &collection, const QString &name) const = 0;
-    /// From now on `handler` is called, on a thread of the backend's own, once for each burst of changes.
+    /// From now on `handler` is called, on a thread of the backend's own, once for each burst of changes. Without it
+    /// nothing is watched.
     virtual void watch(std::function<void(const StoreChanges &)> handler) = 0;
 };
 

@@ -4,7 +4,6 @@
 #include <QFileInfo>
 #include <QHash>
 #include <QMutex>
-#include <QRegularExpression>
 #include <QTimeZone>
 
 #include <algorithm>
@@ -30,8 +29,13 @@ QDateTime toQDateTime(sys_seconds at)
 /// here.
 bool isDatabaseName(const QString &identifier)
 {
-    static const QRegularExpression form(QStringLiteral("^[A-Za-z][A-Za-z0-9_+-]*(/[A-Za-z0-9_+-]+)*$"));
-    return form.match(identifier).hasMatch() && QFileInfo(QStringLiteral("/usr/share/zoneinfo/") + identifier).isFile();
+    const auto isLetter = [](QChar c) { return (c >= u'A' && c <= u'Z') || (c >= u'a' && c <= u'z'); };
+    const auto isAllowed = [&](QChar c) {
+        return isLetter(c) || (c >= u'0' && c <= u'9') || c == u'_' || c == u'+' || c == u'-' || c == u'/';
+    };
+    return !identifier.isEmpty() && isLetter(identifier.front()) && !identifier.contains(QLatin1String("//"))
+        && std::all_of(identifier.begin(), identifier.end(), isAllowed)
+        && QFileInfo(QStringLiteral("/usr/share/zoneinfo/") + identifier).isFile();
 }
 
 } // namespace
@@ -129,6 +133,21 @@ TimeZone TimeZone::system()
 const QString &TimeZone::identifier() const
 {
     return m_rules->identifier;
+}
+
+bool TimeZone::isNamed() const
+{
+    return m_rules->source.has_value() || *this == TimeZone();
+}
+
+seconds TimeZone::initialOffset() const
+{
+    return m_rules->initialOffset;
+}
+
+const std::vector<TimeZone::Transition> &TimeZone::transitions() const
+{
+    return m_rules->transitions;
 }
 
 seconds TimeZone::secondsFromGMT(sys_seconds at) const

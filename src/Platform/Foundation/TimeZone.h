@@ -35,6 +35,11 @@ public:
     [[nodiscard]] static TimeZone system();
 
     [[nodiscard]] const QString &identifier() const;
+    /// Its rules are those of the system's database; `named` gives it by its identifier.
+    [[nodiscard]] bool isNamed() const;
+    /// Of a zone that is not named, what `custom` made it of.
+    [[nodiscard]] std::chrono::seconds initialOffset() const;
+    [[nodiscard]] const std::vector<Transition> &transitions() const;
     /// How far the zone is ahead of UTC at that moment.
     [[nodiscard]] std::chrono::seconds secondsFromGMT(std::chrono::sys_seconds at) const;
     [[nodiscard]] LocalTime toLocal(std::chrono::sys_seconds at) const;

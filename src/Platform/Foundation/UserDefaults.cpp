@@ -100,13 +100,18 @@ UserDefaults::UserDefaults(const QString &file, Logger logger)
     : m_file(file)
     , m_logger(std::move(logger))
 {
-    QDir().mkpath(QFileInfo(m_file).path());
     // Noted before the reading, so that a change in between is read again rather than missed.
     [[maybe_unused]] const bool isNew = isUntouched();
     m_values = readAll();
+}
+
+void UserDefaults::follow()
+{
+    QDir().mkpath(QFileInfo(m_file).path());
     watchFile();
     connect(&m_watcher, &QFileSystemWatcher::directoryChanged, this, &UserDefaults::reload);
     connect(&m_watcher, &QFileSystemWatcher::fileChanged, this, &UserDefaults::reload);
+    reload();
 }
 
 QString UserDefaults::standardFile()
@@ -180,6 +185,7 @@ void UserDefaults::write(const QString &key, const std::optional<QString> &value
     else
         m_values.remove(key);
     if (!m_isReadOnly) {
+        QDir().mkpath(QFileInfo(m_file).path());
         if (value)
             m_settings->setValue(key, *value);
         else

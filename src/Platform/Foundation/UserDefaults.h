@@ -24,6 +24,9 @@ class UserDefaults : public QObject
 
 public:
     explicit UserDefaults(const QString &file, Logger logger = Logger(QStringLiteral("UserDefaults")));
+    /// From now on the file is watched for changes from outside. A program that ends at once has no use for that, and
+    /// giving up a watch costs the kernel longer than all else that such a program does.
+    void follow();
 
     /// mintaro/mintaro.conf below the XDG config folder (XDG Base Directory Specification).
     [[nodiscard]] static QString standardFile();

@@ -3,6 +3,7 @@
 #include "Platform/EventKit/CalendarDatabase.h"
 #include "support/MemoryBackend.h"
 
+#include <QMutex>
 #include <QStringList>
 
 #include <gtest/gtest.h>
@@ -53,8 +54,12 @@ protected:
         auto memory = std::make_unique<MemoryBackend>();
         backend = memory.get();
         backend->addCollection(QStringLiteral("work"));
-        database = std::make_shared<CalendarDatabase>(std::move(memory), environment, notifications,
-            Logger(QStringLiteral("EventStore"), [this](const LogMessage &message) { log.append(message.text); }));
+        database = std::make_shared<CalendarDatabase>(std::move(memory), nullptr, environment, notifications,
+            Logger(QStringLiteral("EventStore"), [this](const LogMessage &message) {
+                const QMutexLocker lock(&logMutex);
+                log.append(message.text);
+            }));
+        database->follow();
     }
 
     void put(const QByteArray &text, const QString &name = QStringLiteral("a.ics"))
@@ -85,6 +90,7 @@ protected:
     FixedClock clock { utc("2026-03-01T09:00:00Z") };
     Environment environment { clock, Locale {}, *TimeZone::named(QStringLiteral("Europe/Rome")) };
     NotificationCenter notifications;
+    QMutex logMutex;
     QStringList log;
     MemoryBackend *backend = nullptr;
     std::shared_ptr<CalendarDatabase> database;

@@ -26,7 +26,8 @@ protected:
 
     [[nodiscard]] BaseFolders baseFolders() const
     {
-        return { path(QStringLiteral("home")), path(QStringLiteral("config")), path(QStringLiteral("data")), {} };
+        return { path(QStringLiteral("home")), path(QStringLiteral("config")), path(QStringLiteral("data")),
+            path(QStringLiteral("cache")), {} };
     }
 
     void putFolder(const QString &relative) const { ASSERT_TRUE(QDir().mkpath(path(relative))); }

@@ -95,6 +95,7 @@ TEST_F(UserDefaultsTest, TellsOfChangesOnceForEachKey)
 TEST_F(UserDefaultsTest, FollowsChangesFromOutside)
 {
     UserDefaults defaults(file, logger());
+    defaults.follow();
     defaults.setString(QStringLiteral("kept"), QStringLiteral("Kept"));
     QSignalSpy told(&defaults, &UserDefaults::changed);
 

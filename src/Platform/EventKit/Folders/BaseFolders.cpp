@@ -21,6 +21,7 @@ BaseFolders BaseFolders::fromEnvironment()
     folders.home = home;
     folders.configHome = absoluteOr("XDG_CONFIG_HOME", home + QLatin1String("/.config"));
     folders.dataHome = absoluteOr("XDG_DATA_HOME", home + QLatin1String("/.local/share"));
+    folders.cacheHome = absoluteOr("XDG_CACHE_HOME", home + QLatin1String("/.cache"));
     folders.vdirsyncerConfiguration = folders.expanded(qEnvironmentVariable("VDIRSYNCER_CONFIG"));
     return folders;
 }

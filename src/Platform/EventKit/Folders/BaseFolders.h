@@ -10,6 +10,7 @@ struct BaseFolders
     QString home;
     QString configHome;
     QString dataHome;
+    QString cacheHome;
     /// Where vdirsyncer's configuration was moved to (VDIRSYNCER_CONFIG); mostly empty.
     QString vdirsyncerConfiguration;
 

@@ -1,0 +1,59 @@
+#pragma once
+
+#include "Platform/EventKit/CollectionContents.h"
+#include "Platform/EventKit/EKCalendar.h"
+#include "Platform/EventKit/Index/CalendarIndex.h"
+#include "Platform/Foundation/Logger.h"
+
+namespace mintaro {
+
+/// One calendar of the database: keeps its contents in step with the backend and with the index. Not thread-safe, but
+/// for `parse`.
+class StoredCollection final : private DetailsSource
+{
+public:
+    /// `backend`, `index` and `logger` must outlive the object. `index` may be null.
+    StoredCollection(StoreBackend &backend, CalendarIndex *index, const Logger &logger);
+
+    [[nodiscard]] const StoreCollection &info() const { return m_info; }
+    void setInfo(StoreCollection info) { m_info = std::move(info); }
+    /// Valid after `finish`.
+    [[nodiscard]] const EKCalendarRef &calendar() const { return m_calendar; }
+    [[nodiscard]] CollectionContents &contents() { return m_contents; }
+
+    /// Whether the backend has another state than what is held, of these objects or, where none are named, of any.
+    [[nodiscard]] bool differs(const QStringList &names) const;
+
+    /// The three steps to the present state. First: looks at these objects or, where none are named, at all, and
+    /// answers which are to be parsed.
+    [[nodiscard]] std::vector<ObjectState> examine(const QStringList &names);
+    /// Reads and parses. May be called from several threads at once.
+    /// Empty where it cannot be read.
+    [[nodiscard]] std::optional<CalendarObject> parse(const QString &name) const;
+    void take(const ObjectState &state, std::optional<CalendarObject> object);
+    /// Remembers in the index what was taken, and makes the contents ready for questions.
+    void finish();
+
+    void complain(const QString &name, const QString &text) const;
+
+private:
+    [[nodiscard]] ObjectDetails loadDetails(const QString &name, const StoredObject &object) override;
+    bool visitTexts(const StoredObject &object, const TextVisitor &visit) override;
+    [[nodiscard]] std::vector<ObjectState> presentStates(const QStringList &names);
+    [[nodiscard]] QString stamp() const { return m_info.userAddresses.join(u' '); }
+    void loadIndex(const std::vector<ObjectState> &present);
+    void writeIndex();
+
+    StoreBackend &m_backend;
+    CalendarIndex *const m_index;
+    const Logger &m_logger;
+    StoreCollection m_info;
+    EKCalendarRef m_calendar;
+    CollectionContents m_contents;
+    bool m_isLoaded = false;
+    /// What the index does not know yet.
+    QStringList m_taken;
+    QStringList m_gone;
+};
+
+} // namespace mintaro
