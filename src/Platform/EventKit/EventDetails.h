@@ -9,7 +9,7 @@
 namespace mintaro {
 
 /// Reads what an event says besides its times: texts, link, people, alarms. `length` is the event's.
-void readDetails(icalcomponent *component, PropertyReader &reader, const QStringList &userAddresses,
+void readDetails(const ICalComponent &component, PropertyReader &reader, const QStringList &userAddresses,
     const EventLength &length, EventItem &item);
 
 } // namespace mintaro

@@ -10,7 +10,7 @@
 
 namespace mintaro {
 
-/// What one VEVENT says, without libical; when it happens stands in its series. Made by the reader, constant from then
+/// What one VEVENT says; when it happens stands in its series. Made by the reader, constant from then
 /// on. A null text is an absent property.
 struct EventItem
 {

@@ -1,7 +1,7 @@
 #include "Platform/EventKit/EventReader.h"
 
 #include "Platform/EventKit/EventDetails.h"
-#include "Platform/EventKit/ICalendarText.h"
+#include "Platform/EventKit/ICalValue.h"
 
 #include <algorithm>
 
@@ -10,6 +10,13 @@ namespace mintaro {
 using namespace std::chrono;
 
 namespace {
+
+bool isDamaged(const ICalComponent &component, PropertyReader &reader)
+{
+    const auto &parts = component.components;
+    return reader.takeDamage() || component.isDamaged
+        || std::any_of(parts.begin(), parts.end(), [](const ICalComponent &part) { return part.isDamaged; });
+}
 
 EventLength between(const EventTime &start, EventTime end)
 {
@@ -25,15 +32,15 @@ EventLength between(const EventTime &start, EventTime end)
 }
 
 /// DTEND or DURATION; RFC 5545 3.6.1 where there is neither. An end that is not after the start is no end.
-EventLength readEventLength(icalcomponent *component, const EventTime &start, PropertyReader &reader)
+EventLength readEventLength(const ICalComponent &component, const EventTime &start, PropertyReader &reader)
 {
     const bool isDate = start.form == TimeForm::Day;
     const EventLength none { days { isDate ? 1 : 0 }, seconds { 0 } };
     std::optional<EventLength> length;
-    if (const auto end = reader.time(component, ICAL_DTEND_PROPERTY))
+    if (const auto end = reader.time(component, "DTEND"))
         length = between(start, *end);
-    else if (icalproperty *duration = icalcomponent_get_first_property(component, ICAL_DURATION_PROPERTY))
-        length = readLength(icalproperty_get_duration(duration));
+    else
+        length = reader.length(component);
     if (!length || length->total() <= seconds { 0 })
         return none;
     if (isDate)
@@ -41,88 +48,79 @@ EventLength readEventLength(icalcomponent *component, const EventTime &start, Pr
     return *length;
 }
 
-/// The values of RRULE or EXRULE. libical drops a rule that it cannot take (COUNT beside UNTIL, an unknown part) and
-/// keeps its text in an error line; what the user wrote is still the best that there is.
-std::vector<QByteArray> ruleValues(icalcomponent *component, icalproperty_kind kind, const QByteArray &name)
-{
-    std::vector<QByteArray> values;
-    ical::forEachProperty(component, kind, [&values](icalproperty *property) { values.push_back(rawValue(property)); });
-    ical::forEachProperty(component, ICAL_XLICERROR_PROPERTY, [&](icalproperty *property) {
-        const QByteArray text(icalproperty_get_xlicerror(property));
-        const QByteArray marker = name + " property. Removing entire property: ";
-        if (const qsizetype at = text.indexOf(marker); at >= 0)
-            values.push_back(text.mid(at + marker.size()));
-    });
-    return values;
-}
-
-std::vector<RecurrenceRule> parseRules(const std::vector<QByteArray> &values, PropertyReader &reader)
+std::vector<RecurrenceRule> readRules(const ICalComponent &component, QByteArrayView name, PropertyReader &reader)
 {
     std::vector<RecurrenceRule> rules;
-    for (const QByteArray &value : values) {
-        if (auto rule = RecurrenceRule::parse(value))
+    component.forEachProperty(name, [&](const ICalProperty &property) {
+        if (auto rule = RecurrenceRule::parse(property.value.toByteArray()))
             rules.push_back(std::move(*rule));
         else
-            reader.complain(QStringLiteral("rule without sense: %1").arg(decodeText(value.constData()).left(200)));
-    }
+            reader.refuse(property);
+    });
     return rules;
 }
 
-std::optional<AddedDate> readAddedDate(icalproperty *property, PropertyReader &reader)
+/// A time, or a PERIOD (RFC 5545 3.3.9).
+std::optional<AddedDate> readAddedDate(const ICalProperty &property, QByteArrayView value, PropertyReader &reader)
 {
-    const icaldatetimeperiodtype value = icalproperty_get_rdate(property);
-    if (icaltime_is_null_time(value.period.start)) {
-        const auto start = reader.time(property, value.time);
-        return start ? std::optional(AddedDate { *start, std::nullopt }) : std::nullopt;
-    }
-    const auto start = reader.time(property, value.period.start);
+    const qsizetype slash = value.indexOf('/');
+    const auto start = reader.time(property, slash < 0 ? value : value.first(slash));
     if (!start)
         return std::nullopt;
-    if (icaltime_is_null_time(value.period.end))
-        return AddedDate { *start, readLength(value.period.duration) };
-    const auto end = reader.time(property, value.period.end);
+    if (slash < 0)
+        return AddedDate { *start, std::nullopt };
+    const QByteArrayView rest = value.sliced(slash + 1);
+    if (rest.contains('P') || rest.contains('p'))
+        return AddedDate { *start, reader.length(property, rest) };
+    const auto end = reader.time(property, rest);
     return AddedDate { *start, end ? std::optional(between(*start, *end)) : std::nullopt };
 }
 
 /// Null where nothing makes the event repeat.
-std::unique_ptr<Recurrence> readRecurrence(icalcomponent *component, EventItem &item, PropertyReader &reader)
+std::unique_ptr<Recurrence> readRecurrence(const ICalComponent &component, EventItem &item, PropertyReader &reader)
 {
     auto recurrence = std::make_unique<Recurrence>();
-    const auto rules = ruleValues(component, ICAL_RRULE_PROPERTY, "RRULE");
-    for (const QByteArray &rule : rules)
-        item.recurrenceRules.push_back({ rule });
-    recurrence->rules = parseRules(rules, reader);
-    recurrence->excludingRules = parseRules(ruleValues(component, ICAL_EXRULE_PROPERTY, "EXRULE"), reader);
-    ical::forEachProperty(component, ICAL_RDATE_PROPERTY, [&](icalproperty *property) {
-        if (const auto added = readAddedDate(property, reader))
-            recurrence->addedDates.push_back(*added);
+    component.forEachProperty("RRULE",
+        [&item](const ICalProperty &property) { item.recurrenceRules.push_back({ property.value.toByteArray() }); });
+    recurrence->rules = readRules(component, "RRULE", reader);
+    recurrence->excludingRules = readRules(component, "EXRULE", reader);
+    component.forEachProperty("RDATE", [&](const ICalProperty &property) {
+        for (const QByteArrayView value : listOf(property)) {
+            if (const auto added = readAddedDate(property, value, reader))
+                recurrence->addedDates.push_back(*added);
+        }
     });
-    ical::forEachProperty(component, ICAL_EXDATE_PROPERTY, [&](icalproperty *property) {
-        if (const auto excluded = reader.time(property))
-            recurrence->excludedDates.push_back(*excluded);
+    component.forEachProperty("EXDATE", [&](const ICalProperty &property) {
+        for (const QByteArrayView value : listOf(property)) {
+            if (const auto excluded = reader.time(property, value))
+                recurrence->excludedDates.push_back(*excluded);
+        }
     });
     const bool repeats = !recurrence->rules.empty() || !recurrence->addedDates.empty()
         || !recurrence->excludedDates.empty() || !recurrence->excludingRules.empty();
     return repeats ? std::move(recurrence) : nullptr;
 }
 
-SeriesException readException(icalcomponent *component, const EventTime &id, const EventTiming &timing)
+SeriesException readException(const ICalComponent &component, const EventTime &id, const EventTiming &timing)
 {
     SeriesException exception { id, false, 0, timing };
-    icalproperty *property = icalcomponent_get_first_property(component, ICAL_RECURRENCEID_PROPERTY);
-    icalparameter *range = icalproperty_get_first_parameter(property, ICAL_RANGE_PARAMETER);
-    exception.thisAndFuture = range && icalparameter_get_range(range) == ICAL_RANGE_THISANDFUTURE;
-    if (icalproperty *sequence = icalcomponent_get_first_property(component, ICAL_SEQUENCE_PROPERTY))
-        exception.sequence = icalproperty_get_sequence(sequence);
+    const ICalProperty &property = *component.property("RECURRENCE-ID");
+    exception.thisAndFuture = readParameter(property, "RANGE").compare(u"THISANDFUTURE", Qt::CaseInsensitive) == 0;
+    exception.sequence = PropertyReader::text(component, "SEQUENCE").toInt();
     return exception;
+}
+
+bool hasStatus(const ICalComponent &component, QStringView status)
+{
+    return PropertyReader::text(component, "STATUS").trimmed().compare(status, Qt::CaseInsensitive) == 0;
 }
 
 } // namespace
 
 std::optional<EventComponent> readEvent(
-    icalcomponent *component, PropertyReader &reader, const QStringList &userAddresses)
+    const ICalComponent &component, PropertyReader &reader, const QStringList &userAddresses)
 {
-    const auto start = reader.time(component, ICAL_DTSTART_PROPERTY);
+    const auto start = reader.time(component, "DTSTART");
     if (!start) {
         reader.complain(QStringLiteral("an event without a start"));
         return std::nullopt;
@@ -130,46 +128,43 @@ std::optional<EventComponent> readEvent(
     EventComponent result;
     result.item = std::make_shared<EventItem>();
     EventItem &item = *result.item;
-    item.uid = reader.text(component, ICAL_UID_PROPERTY);
+    item.uid = PropertyReader::text(component, "UID").trimmed();
     item.isAllDay = start->form == TimeForm::Day;
-    item.isDamaged = isDamaged(component);
     EventTiming &timing = result.timing;
     timing.start = *start;
     timing.length = readEventLength(component, *start, reader);
-    timing.isCancelled = icalcomponent_get_status(component) == ICAL_STATUS_CANCELLED;
+    timing.isCancelled = hasStatus(component, u"CANCELLED");
     readDetails(component, reader, userAddresses, timing.length, item);
-    if (icalcomponent_get_first_property(component, ICAL_RECURRENCEID_PROPERTY)) {
-        if (const auto id = reader.time(component, ICAL_RECURRENCEID_PROPERTY))
+    if (component.property("RECURRENCE-ID")) {
+        if (const auto id = reader.time(component, "RECURRENCE-ID"))
             result.exception = readException(component, *id, timing);
     } else {
         result.recurrence = readRecurrence(component, item, reader);
     }
+    item.isDamaged = isDamaged(component, reader);
     return result;
 }
 
-std::shared_ptr<ReminderRecord> readReminder(icalcomponent *component, PropertyReader &reader)
+std::shared_ptr<ReminderRecord> readReminder(const ICalComponent &component, PropertyReader &reader)
 {
-    const icalproperty_status status = icalcomponent_get_status(component);
-    if (status == ICAL_STATUS_CANCELLED)
+    if (hasStatus(component, u"CANCELLED"))
         return nullptr;
     auto record = std::make_shared<ReminderRecord>();
-    record->uid = reader.text(component, ICAL_UID_PROPERTY);
-    record->title = reader.text(component, ICAL_SUMMARY_PROPERTY);
-    record->notes = reader.text(component, ICAL_DESCRIPTION_PROPERTY);
-    record->url = reader.text(component, ICAL_URL_PROPERTY);
-    record->isDamaged = isDamaged(component);
-    record->due = reader.time(component, ICAL_DUE_PROPERTY);
-    icalproperty *duration = icalcomponent_get_first_property(component, ICAL_DURATION_PROPERTY);
-    if (!record->due && duration) {
-        record->due = reader.time(component, ICAL_DTSTART_PROPERTY);
+    record->uid = PropertyReader::text(component, "UID").trimmed();
+    record->title = PropertyReader::text(component, "SUMMARY");
+    record->notes = PropertyReader::text(component, "DESCRIPTION");
+    record->url = PropertyReader::text(component, "URL");
+    record->due = reader.time(component, "DUE");
+    if (const auto length = record->due ? std::nullopt : reader.length(component)) {
+        record->due = reader.time(component, "DTSTART");
         if (record->due)
-            record->due->reading += readLength(icalproperty_get_duration(duration)).value_or(EventLength {}).total();
+            record->due->reading += length->total();
     }
-    if (const auto completed = reader.time(component, ICAL_COMPLETED_PROPERTY))
+    if (const auto completed = reader.time(component, "COMPLETED"))
         record->completionDate = completed->instant(TimeZone());
-    icalproperty *percent = icalcomponent_get_first_property(component, ICAL_PERCENTCOMPLETE_PROPERTY);
-    record->isCompleted = status == ICAL_STATUS_COMPLETED || record->completionDate
-        || (percent && icalproperty_get_percentcomplete(percent) >= 100);
+    record->isCompleted = hasStatus(component, u"COMPLETED") || record->completionDate
+        || PropertyReader::text(component, "PERCENT-COMPLETE").toInt() >= 100;
+    record->isDamaged = isDamaged(component, reader);
     return record;
 }
 

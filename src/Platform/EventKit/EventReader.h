@@ -23,9 +23,9 @@ struct EventComponent
 
 /// Empty, with a complaint, where the component has no start.
 [[nodiscard]] std::optional<EventComponent> readEvent(
-    icalcomponent *component, PropertyReader &reader, const QStringList &userAddresses);
+    const ICalComponent &component, PropertyReader &reader, const QStringList &userAddresses);
 
 /// Null for a task that was called off.
-[[nodiscard]] std::shared_ptr<ReminderRecord> readReminder(icalcomponent *component, PropertyReader &reader);
+[[nodiscard]] std::shared_ptr<ReminderRecord> readReminder(const ICalComponent &component, PropertyReader &reader);
 
 } // namespace mintaro

@@ -1,8 +1,7 @@
 #include "Platform/EventKit/ICalendarReader.h"
 
 #include "Platform/EventKit/EventReader.h"
-#include "Platform/EventKit/ICalHandle.h"
-#include "Platform/EventKit/ICalendarText.h"
+#include "Platform/EventKit/ICalComponent.h"
 #include "Platform/EventKit/PropertyReader.h"
 
 #include <algorithm>
@@ -89,19 +88,20 @@ private:
     std::map<QString, std::vector<EventComponent>> m_exceptions;
 };
 
-/// Visits the components of a kind in the calendars of a text, however they are wrapped.
+/// Visits the components of a name in the calendars of a text, however they are wrapped.
 template <typename Visit>
-void visitKind(icalcomponent *component, icalcomponent_kind kind, Visit &visit)
+void visitAll(const ICalComponent &parent, QByteArrayView name, Visit &visit)
 {
-    const icalcomponent_kind own = icalcomponent_isa(component);
-    if (own == kind)
-        visit(component);
-    if (own != ICAL_VCALENDAR_COMPONENT && own != ICAL_XROOT_COMPONENT)
-        return;
-    ical::forEachComponent(component, ICAL_ANY_COMPONENT, [&](icalcomponent *child) { visitKind(child, kind, visit); });
+    for (const ICalComponent &child : parent.components) {
+        if (child.name == name)
+            visit(child);
+        else if (child.name == "VCALENDAR")
+            visitAll(child, name, visit);
+    }
 }
 
-void readReminders(icalcomponent *root, PropertyReader &reader, const QString &namelessUid, CalendarObject &object)
+void readReminders(
+    const ICalComponent &root, PropertyReader &reader, const QString &namelessUid, CalendarObject &object)
 {
     std::set<QString> masters;
     std::vector<std::shared_ptr<ReminderRecord>> exceptions;
@@ -110,18 +110,18 @@ void readReminders(icalcomponent *root, PropertyReader &reader, const QString &n
         object.schedule.reminders.push_back(uidKey(record->uid));
         object.details.reminders.push_back(std::move(record));
     };
-    const auto visit = [&](icalcomponent *component) {
+    const auto visit = [&](const ICalComponent &component) {
         auto record = readReminder(component, reader);
         if (!record)
             return;
         if (record->uid.isEmpty())
             record->uid = namelessUid;
-        if (icalcomponent_get_first_property(component, ICAL_RECURRENCEID_PROPERTY))
+        if (component.property("RECURRENCE-ID"))
             exceptions.push_back(std::move(record));
         else
             keep(std::move(record));
     };
-    visitKind(root, ICAL_VTODO_COMPONENT, visit);
+    visitAll(root, "VTODO", visit);
     // A task that repeats is one reminder, that of its series.
     for (auto &each : exceptions) {
         if (!masters.contains(each->uid))
@@ -134,22 +134,10 @@ void readReminders(icalcomponent *root, PropertyReader &reader, const QString &n
 CalendarObject readCalendarObject(const QByteArray &text, const QStringList &userAddresses, const QString &namelessUid)
 {
     CalendarObject object;
-    if (const auto refusal = refusalOf(text)) {
-        object.schedule.complaint = *refusal;
-        return object;
-    }
-    icalerror_set_errors_are_fatal(0);
-    // libical stops at a NUL, and takes a byte order mark for a part of the first name.
-    QByteArray clean = text.startsWith("\xEF\xBB\xBF") ? text.mid(3) : text;
-    clean.replace('\0', QByteArray());
-    const ical::ComponentHandle root(icalparser_parse_string(clean.constData()));
-    if (!root) {
-        object.schedule.complaint = QStringLiteral("no iCalendar object");
-        return object;
-    }
-    PropertyReader reader(root.get());
+    const ICalDocument document = parseICalendar(text);
+    PropertyReader reader(document.root);
     SeriesCollector series(reader);
-    const auto visit = [&](icalcomponent *component) {
+    const auto visit = [&](const ICalComponent &component) {
         auto event = readEvent(component, reader, userAddresses);
         if (!event)
             return;
@@ -157,10 +145,11 @@ CalendarObject readCalendarObject(const QByteArray &text, const QStringList &use
             event->item->uid = namelessUid;
         series.add(std::move(*event));
     };
-    visitKind(root.get(), ICAL_VEVENT_COMPONENT, visit);
+    visitAll(document.root, "VEVENT", visit);
     series.finish(object);
-    readReminders(root.get(), reader, namelessUid, object);
-    object.schedule.complaint = reader.complaints().join(QStringLiteral("; ")).left(kLongestComplaint);
+    readReminders(document.root, reader, namelessUid, object);
+    const QStringList complaints = document.complaints + reader.complaints();
+    object.schedule.complaint = complaints.join(QStringLiteral("; ")).left(kLongestComplaint);
     return object;
 }
 

@@ -1,8 +1,10 @@
 #include "Platform/EventKit/PropertyReader.h"
 
-#include "Platform/EventKit/ICalendarText.h"
+#include "Platform/EventKit/ICalValue.h"
 #include "Platform/EventKit/VTimeZone.h"
 #include "Platform/EventKit/ZoneResolver.h"
+
+#include <algorithm>
 
 namespace mintaro {
 
@@ -10,80 +12,69 @@ using namespace std::chrono;
 
 namespace {
 
-std::optional<LocalTime> readingOf(const icaltimetype &value)
-{
-    const year_month_day day { year { value.year }, month { static_cast<unsigned>(value.month) },
-        std::chrono::day { static_cast<unsigned>(value.day) } };
-    if (!day.ok() || value.year < 1 || value.year > 9999)
-        return std::nullopt;
-    LocalTime reading = local_days { day };
-    if (!value.is_date)
-        reading += hours { value.hour } + minutes { value.minute } + seconds { value.second };
-    return reading;
-}
+constexpr qsizetype kMaximumComplaints = 20;
+constexpr qsizetype kLongestExcerpt = 100;
 
 } // namespace
 
-PropertyReader::PropertyReader(icalcomponent *root)
-    : m_root(root)
-{
-}
-
 void PropertyReader::complain(const QString &text)
 {
-    if (!m_complaints.contains(text))
+    if (m_complaints.size() < kMaximumComplaints && !m_complaints.contains(text))
         m_complaints.append(text);
 }
 
-QString PropertyReader::text(icalcomponent *component, icalproperty_kind kind) const
+void PropertyReader::refuse(const ICalProperty &property)
 {
-    icalproperty *property = icalcomponent_get_first_property(component, kind);
-    icalvalue *value = property ? icalproperty_get_value(property) : nullptr;
-    if (!value)
-        return {};
-    switch (icalvalue_isa(value)) {
-    case ICAL_TEXT_VALUE:
-        return decodeText(icalvalue_get_text(value));
-    case ICAL_URI_VALUE:
-        return decodeText(icalvalue_get_uri(value));
-    case ICAL_X_VALUE:
-        return decodeText(icalvalue_get_x(value));
-    default:
-        return decodeText(rawValue(property).constData());
-    }
+    m_hasRefused = true;
+    const QString value = decodeText(property.value.first(std::min(property.value.size(), kLongestExcerpt)));
+    complain(QStringLiteral("%1 without sense: \"%2\"").arg(QString::fromLatin1(property.name), value));
 }
 
-std::optional<EventTime> PropertyReader::time(icalcomponent *component, icalproperty_kind kind)
+QString PropertyReader::text(const ICalComponent &component, QByteArrayView name)
 {
-    icalproperty *property = icalcomponent_get_first_property(component, kind);
-    return property ? time(property) : std::nullopt;
+    const ICalProperty *property = component.property(name);
+    return property ? readText(*property) : QString();
 }
 
-std::optional<EventTime> PropertyReader::time(icalproperty *property)
+std::optional<EventTime> PropertyReader::time(const ICalComponent &component, QByteArrayView name)
 {
-    icalvalue *value = icalproperty_get_value(property);
-    if (!value)
-        return std::nullopt;
-    const bool isDate = icalvalue_isa(value) == ICAL_DATE_VALUE;
-    return time(property, isDate ? icalvalue_get_date(value) : icalvalue_get_datetime(value));
+    const ICalProperty *property = component.property(name);
+    return property ? time(*property, property->value) : std::nullopt;
 }
 
-std::optional<EventTime> PropertyReader::time(icalproperty *property, const icaltimetype &value)
+std::optional<EventTime> PropertyReader::time(const ICalProperty &property, QByteArrayView value)
 {
-    const auto reading = readingOf(value);
-    if (!reading) {
-        complain(QStringLiteral("%1 is no date").arg(QString::fromLatin1(icalproperty_get_property_name(property))));
+    const std::optional<ICalTime> read = parseTime(value);
+    if (!read) {
+        refuse(property);
         return std::nullopt;
     }
-    if (value.is_date)
-        return EventTime { *reading, TimeForm::Day, {} };
-    if (icaltime_is_utc(value))
-        return EventTime { *reading, TimeForm::Zoned, {} };
-    icalparameter *parameter = icalproperty_get_first_parameter(property, ICAL_TZID_PARAMETER);
-    if (!parameter)
-        return EventTime { *reading, TimeForm::Floating, {} };
-    const auto own = zone(decodeText(icalparameter_get_tzid(parameter)));
-    return own ? EventTime { *reading, TimeForm::Zoned, *own } : EventTime { *reading, TimeForm::Floating, {} };
+    // A day that says so may come with its midnight.
+    const bool isMidnight = read->reading == floor<days>(read->reading);
+    if (read->isDate || (isMidnight && property.parameter("VALUE") == QByteArrayView("DATE")))
+        return EventTime { read->reading, TimeForm::Day, {} };
+    if (read->isUtc)
+        return EventTime { read->reading, TimeForm::Zoned, {} };
+    const QString tzid = readParameter(property, "TZID");
+    const auto own = tzid.isEmpty() ? std::nullopt : zone(tzid);
+    return own ? EventTime { read->reading, TimeForm::Zoned, *own }
+               : EventTime { read->reading, TimeForm::Floating, {} };
+}
+
+std::optional<EventLength> PropertyReader::length(const ICalComponent &component)
+{
+    const ICalProperty *property = component.property("DURATION");
+    return property ? length(*property, property->value) : std::nullopt;
+}
+
+std::optional<EventLength> PropertyReader::length(const ICalProperty &property, QByteArrayView value)
+{
+    const std::optional<ICalDuration> read = parseDuration(value);
+    if (!read || read->isNegative) {
+        refuse(property);
+        return std::nullopt;
+    }
+    return read->length;
 }
 
 std::optional<TimeZone> PropertyReader::zone(const QString &tzid)
@@ -94,32 +85,22 @@ std::optional<TimeZone> PropertyReader::zone(const QString &tzid)
     if (!zone)
         zone = readTimeZone(m_root, tzid);
     if (!zone)
-        complain(QStringLiteral("unknown time zone \"%1\", read as local time").arg(tzid));
+        complain(QStringLiteral("unknown time zone \"%1\", read as local time").arg(tzid.left(kLongestExcerpt)));
     return m_zones[tzid] = zone;
 }
 
-std::optional<EventLength> readLength(const icaldurationtype &duration)
+std::vector<QByteArrayView> listOf(const ICalProperty &property)
 {
-    if (duration.is_neg || icaldurationtype_is_bad_duration(duration))
-        return std::nullopt;
-    return EventLength { days { duration.days } + weeks { duration.weeks },
-        hours { duration.hours } + minutes { duration.minutes } + seconds { duration.seconds } };
-}
-
-QByteArray rawValue(icalproperty *property)
-{
-    const ical::TextHandle text(icalproperty_get_value_as_string_r(property));
-    return QByteArray(text.get());
-}
-
-bool isDamaged(icalcomponent *component)
-{
-    if (icalcomponent_get_first_property(component, ICAL_XLICERROR_PROPERTY))
-        return true;
-    bool damaged = false;
-    ical::forEachComponent(
-        component, ICAL_ANY_COMPONENT, [&damaged](icalcomponent *child) { damaged = damaged || isDamaged(child); });
-    return damaged;
+    std::vector<QByteArrayView> values;
+    const auto isSeparator = [](char byte) { return byte == ',' || byte == ';'; };
+    const auto end = property.value.end();
+    for (auto begin = property.value.begin(); begin != end;) {
+        const auto separator = std::find_if(begin, end, isSeparator);
+        if (separator != begin)
+            values.emplace_back(begin, separator);
+        begin = separator == end ? end : separator + 1;
+    }
+    return values;
 }
 
 } // namespace mintaro

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "Platform/EventKit/EventTime.h"
-#include "Platform/EventKit/ICalHandle.h"
+#include "Platform/EventKit/ICalComponent.h"
 
 #include <QString>
 #include <QStringList>
@@ -11,40 +11,44 @@
 
 namespace mintaro {
 
-/// Reads values out of the components of one parsed object, with the object's own zones at hand.
+/// Reads values out of the components of one object, with the object's own zones at hand, and keeps what was wrong.
 class PropertyReader
 {
 public:
     /// `root` must outlive the reader.
-    explicit PropertyReader(icalcomponent *root);
+    explicit PropertyReader(const ICalComponent &root)
+        : m_root(root)
+    {
+    }
 
     /// A null text where the component does not have the property.
-    [[nodiscard]] QString text(icalcomponent *component, icalproperty_kind kind) const;
-    /// The value of a DATE or DATE-TIME property; empty where it is missing or impossible.
-    [[nodiscard]] std::optional<EventTime> time(icalcomponent *component, icalproperty_kind kind);
-    [[nodiscard]] std::optional<EventTime> time(icalproperty *property);
+    [[nodiscard]] static QString text(const ICalComponent &component, QByteArrayView name);
+    /// The value of a DATE or DATE-TIME property; empty where it is missing, and with a complaint where it is none.
+    [[nodiscard]] std::optional<EventTime> time(const ICalComponent &component, QByteArrayView name);
     /// `value`, which stands in `property`, in the property's zone.
-    [[nodiscard]] std::optional<EventTime> time(icalproperty *property, const icaltimetype &value);
+    [[nodiscard]] std::optional<EventTime> time(const ICalProperty &property, QByteArrayView value);
+    /// A DURATION property; empty where it is missing, negative or none.
+    [[nodiscard]] std::optional<EventLength> length(const ICalComponent &component);
+    [[nodiscard]] std::optional<EventLength> length(const ICalProperty &property, QByteArrayView value);
 
     /// What was wrong with the object, for the log.
     [[nodiscard]] const QStringList &complaints() const { return m_complaints; }
     void complain(const QString &text);
+    /// A value cannot be read, which leaves what it stands in damaged.
+    void refuse(const ICalProperty &property);
+    /// Whether a value was refused since the last call.
+    [[nodiscard]] bool takeDamage() { return std::exchange(m_hasRefused, false); }
 
 private:
     [[nodiscard]] std::optional<TimeZone> zone(const QString &tzid);
 
-    icalcomponent *m_root;
+    const ICalComponent &m_root;
     std::map<QString, std::optional<TimeZone>> m_zones;
     QStringList m_complaints;
+    bool m_hasRefused = false;
 };
 
-/// Empty for a negative duration and for one that makes no sense.
-[[nodiscard]] std::optional<EventLength> readLength(const icaldurationtype &duration);
-
-/// The value of a property as it would be written.
-[[nodiscard]] QByteArray rawValue(icalproperty *property);
-
-/// The parser left something of the component or of its parts out.
-[[nodiscard]] bool isDamaged(icalcomponent *component);
+/// The values of a list, as some programs write it also with semicolons.
+[[nodiscard]] std::vector<QByteArrayView> listOf(const ICalProperty &property);
 
 } // namespace mintaro

@@ -1,5 +1,8 @@
 #include "Platform/EventKit/RecurrenceRule.h"
 
+#include "Platform/EventKit/ICalValue.h"
+#include "Platform/EventKit/VCalendarRule.h"
+
 #include <array>
 #include <cstdlib>
 #include <string_view>
@@ -83,30 +86,12 @@ bool parsePositive(const QByteArray &value, int &number)
     return ok && number > 0;
 }
 
-bool parseUntil(QByteArray value, std::optional<RecurrenceRule::Until> &until)
+bool parseUntil(const QByteArray &value, std::optional<RecurrenceRule::Until> &until)
 {
-    const bool isUtc = value.endsWith('Z');
-    if (isUtc)
-        value.chop(1);
-    if (value.size() == 8)
-        value += "T000000";
-    if (value.size() != 15 || value[8] != 'T')
-        return false;
-    std::array<int, 6> parts {};
-    constexpr std::array<std::pair<int, int>, 6> places { { { 0, 4 }, { 4, 2 }, { 6, 2 }, { 9, 2 }, { 11, 2 },
-        { 13, 2 } } };
-    for (std::size_t i = 0; i < parts.size(); ++i) {
-        bool ok = false;
-        parts[i] = value.mid(places[i].first, places[i].second).toInt(&ok);
-        if (!ok)
-            return false;
-    }
-    const year_month_day day { year { parts[0] }, month { static_cast<unsigned>(parts[1]) },
-        std::chrono::day { static_cast<unsigned>(parts[2]) } };
-    if (!day.ok())
-        return false;
-    until = { local_days { day } + hours { parts[3] } + minutes { parts[4] } + seconds { parts[5] }, isUtc };
-    return true;
+    const auto time = parseTime(value);
+    if (time)
+        until = { time->reading, time->isUtc };
+    return time.has_value();
 }
 
 /// False where the part makes the rule meaningless.
@@ -136,12 +121,16 @@ bool parsePart(RecurrenceRule &rule, const QByteArray &name, const QByteArray &v
 
 std::optional<RecurrenceRule> RecurrenceRule::parse(const QByteArray &value)
 {
+    if (!value.contains('=')) {
+        const auto modern = modernRule(value);
+        return modern ? parse(*modern) : std::nullopt;
+    }
     RecurrenceRule rule;
     bool hasFrequency = false;
-    for (const QByteArray &part : value.toUpper().split(';')) {
+    for (const QByteArray &part : value.toUpper().replace(' ', QByteArray()).split(';')) {
         const qsizetype equals = part.indexOf('=');
-        const QByteArray name = part.left(equals).trimmed();
-        const QByteArray text = part.mid(equals + 1).trimmed();
+        const QByteArray name = part.left(equals);
+        const QByteArray text = part.mid(equals + 1);
         if (name == "FREQ") {
             const auto index = indexOf(kFrequencies, text);
             hasFrequency = index.has_value();

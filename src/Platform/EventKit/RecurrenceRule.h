@@ -10,7 +10,7 @@
 
 namespace mintaro {
 
-/// An RRULE or EXRULE taken apart (RFC 5545 3.3.10).
+/// An RRULE or EXRULE taken apart (RFC 5545 3.3.10; also one of vCalendar 1.0).
 struct RecurrenceRule
 {
     enum class Frequency : unsigned char { Secondly, Minutely, Hourly, Daily, Weekly, Monthly, Yearly };

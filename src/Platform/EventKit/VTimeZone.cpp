@@ -1,6 +1,6 @@
 #include "Platform/EventKit/VTimeZone.h"
 
-#include "Platform/EventKit/ICalendarText.h"
+#include "Platform/EventKit/ICalValue.h"
 #include "Platform/EventKit/PropertyReader.h"
 #include "Platform/EventKit/RuleIterator.h"
 #include "Platform/EventKit/ZoneResolver.h"
@@ -16,59 +16,45 @@ namespace {
 constexpr local_days kLastOnset { year { 2100 } / 1 / 1 };
 constexpr std::int64_t kMaximumSteps = 1'000'000;
 
-icalcomponent *findTimeZone(icalcomponent *parent, const QString &tzid)
+const ICalComponent *findTimeZone(const ICalComponent &parent, const QString &tzid)
 {
-    icalcomponent *found = nullptr;
-    ical::forEachComponent(parent, ICAL_ANY_COMPONENT, [&](icalcomponent *child) {
-        const icalcomponent_kind kind = icalcomponent_isa(child);
+    for (const ICalComponent &child : parent.components) {
+        const bool isWanted
+            = child.name == "VTIMEZONE" && PropertyReader::text(child, "TZID").trimmed() == tzid.trimmed();
+        const ICalComponent *found = isWanted ? &child : findTimeZone(child, tzid);
         if (found)
-            return;
-        if (kind == ICAL_VCALENDAR_COMPONENT) {
-            found = findTimeZone(child, tzid);
-        } else if (kind == ICAL_VTIMEZONE_COMPONENT) {
-            icalproperty *name = icalcomponent_get_first_property(child, ICAL_TZID_PROPERTY);
-            if (name && decodeText(icalproperty_get_tzid(name)) == tzid)
-                found = child;
-        }
-    });
-    return found;
-}
-
-std::optional<TimeZone> namedLocation(icalcomponent *timeZone)
-{
-    std::optional<TimeZone> zone;
-    ical::forEachProperty(timeZone, ICAL_X_PROPERTY, [&zone](icalproperty *property) {
-        if (qstricmp(icalproperty_get_x_name(property), "X-LIC-LOCATION") == 0)
-            zone = resolveZone(decodeText(icalproperty_get_x(property)));
-    });
-    return zone;
+            return found;
+    }
+    return nullptr;
 }
 
 /// Collects what STANDARD and DAYLIGHT say; both are read in the same way.
 class ObservanceReader
 {
 public:
-    explicit ObservanceReader(icalcomponent *root)
+    explicit ObservanceReader(const ICalComponent &root)
         : m_reader(root)
     {
     }
 
-    void read(icalcomponent *observance)
+    void read(const ICalComponent &observance)
     {
-        const auto start = m_reader.time(observance, ICAL_DTSTART_PROPERTY);
-        icalproperty *from = icalcomponent_get_first_property(observance, ICAL_TZOFFSETFROM_PROPERTY);
-        icalproperty *to = icalcomponent_get_first_property(observance, ICAL_TZOFFSETTO_PROPERTY);
+        const auto start = m_reader.time(observance, "DTSTART");
+        const auto from = offset(observance, "TZOFFSETFROM");
+        const auto to = offset(observance, "TZOFFSETTO");
         if (!start || !from || !to)
             return;
-        m_from = seconds { icalproperty_get_tzoffsetfrom(from) };
-        m_to = seconds { icalproperty_get_tzoffsetto(to) };
+        m_from = *from;
+        m_to = *to;
         add(start->reading);
-        ical::forEachProperty(observance, ICAL_RDATE_PROPERTY, [this](icalproperty *property) {
-            if (const auto date = m_reader.time(property, icalproperty_get_rdate(property).time))
-                add(date->reading);
+        observance.forEachProperty("RDATE", [this](const ICalProperty &property) {
+            for (const QByteArrayView value : listOf(property)) {
+                if (const auto date = m_reader.time(property, value))
+                    add(date->reading);
+            }
         });
-        ical::forEachProperty(observance, ICAL_RRULE_PROPERTY,
-            [&](icalproperty *property) { addRule(rawValue(property), start->reading); });
+        observance.forEachProperty(
+            "RRULE", [&](const ICalProperty &property) { addRule(property.value.toByteArray(), start->reading); });
     }
 
     std::optional<TimeZone> zone(const QString &tzid)
@@ -81,6 +67,12 @@ public:
     }
 
 private:
+    static std::optional<seconds> offset(const ICalComponent &observance, QByteArrayView name)
+    {
+        const ICalProperty *property = observance.property(name);
+        return property ? parseUtcOffset(property->value) : std::nullopt;
+    }
+
     void add(LocalTime onset)
     {
         const sys_seconds at { onset.time_since_epoch() - m_from };
@@ -119,16 +111,16 @@ private:
 
 } // namespace
 
-std::optional<TimeZone> readTimeZone(icalcomponent *root, const QString &tzid)
+std::optional<TimeZone> readTimeZone(const ICalComponent &root, const QString &tzid)
 {
-    icalcomponent *timeZone = findTimeZone(root, tzid);
+    const ICalComponent *timeZone = findTimeZone(root, tzid);
     if (!timeZone)
         return std::nullopt;
-    if (const auto named = namedLocation(timeZone))
+    if (const auto named = resolveZone(PropertyReader::text(*timeZone, "X-LIC-LOCATION")))
         return named;
     ObservanceReader reader(root);
-    ical::forEachComponent(timeZone, ICAL_XSTANDARD_COMPONENT, [&](icalcomponent *each) { reader.read(each); });
-    ical::forEachComponent(timeZone, ICAL_XDAYLIGHT_COMPONENT, [&](icalcomponent *each) { reader.read(each); });
+    timeZone->forEachComponent("STANDARD", [&](const ICalComponent &each) { reader.read(each); });
+    timeZone->forEachComponent("DAYLIGHT", [&](const ICalComponent &each) { reader.read(each); });
     return reader.zone(tzid);
 }
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Platform/EventKit/ICalHandle.h"
+#include "Platform/EventKit/ICalComponent.h"
 #include "Platform/Foundation/TimeZone.h"
 
 #include <QString>
@@ -12,6 +12,6 @@ namespace mintaro {
 /// The zone that the object's own VTIMEZONE of that name describes (RFC 5545 3.6.5): the system's where it names one
 /// (X-LIC-LOCATION), else one of its yearly rules and RDATEs up to the year 2100. Empty where there is no such
 /// VTIMEZONE.
-[[nodiscard]] std::optional<TimeZone> readTimeZone(icalcomponent *root, const QString &tzid);
+[[nodiscard]] std::optional<TimeZone> readTimeZone(const ICalComponent &root, const QString &tzid);
 
 } // namespace mintaro

@@ -1,0 +1,147 @@
+#include "Platform/EventKit/ContentLines.h"
+
+#include <QStringDecoder>
+
+#include <algorithm>
+#include <array>
+#include <cctype>
+#include <cstring>
+
+namespace mintaro {
+
+namespace {
+
+constexpr char kNoSeparator = '\0';
+
+/// What programs that do not write names in capitals may begin a line with.
+constexpr std::array<std::string_view, 54> kNames { "ACTION", "ATTACH", "ATTENDEE", "BEGIN", "CALSCALE", "CATEGORIES",
+    "CLASS", "COLOR", "COMMENT", "COMPLETED", "CONFERENCE", "CONTACT", "CREATED", "DESCRIPTION", "DTEND", "DTSTAMP",
+    "DTSTART", "DUE", "DURATION", "END", "EXDATE", "EXRULE", "FREEBUSY", "GEO", "IMAGE", "LAST-MODIFIED", "LOCATION",
+    "METHOD", "NAME", "ORGANIZER", "PERCENT-COMPLETE", "PRIORITY", "PRODID", "RDATE", "RECURRENCE-ID", "RELATED-TO",
+    "REPEAT", "REQUEST-STATUS", "RESOURCES", "RRULE", "SEQUENCE", "SOURCE", "STATUS", "SUMMARY", "TRANSP", "TRIGGER",
+    "TZID", "TZNAME", "TZOFFSETFROM", "TZOFFSETTO", "TZURL", "UID", "URL", "VERSION" };
+static_assert(std::is_sorted(kNames.begin(), kNames.end()));
+
+QStringDecoder::Encoding encodingOf(const QByteArray &text)
+{
+    if (text.startsWith("\xFF\xFE") || (text.size() > 1 && text[0] != '\0' && text[1] == '\0'))
+        return QStringDecoder::Utf16LE;
+    if (text.startsWith("\xFE\xFF") || (text.size() > 1 && text[0] == '\0' && text[1] != '\0'))
+        return QStringDecoder::Utf16BE;
+    return QStringDecoder::Utf8;
+}
+
+bool isBlank(char byte)
+{
+    return byte == ' ' || byte == '\t';
+}
+
+bool isNameByte(char byte)
+{
+    return std::isalnum(static_cast<unsigned char>(byte)) != 0 || byte == '-' || byte == '_' || byte == '.';
+}
+
+/// Whether the line is meant for a line of its own, where it could go on with the text of the one before.
+bool beginsProperty(QByteArrayView line)
+{
+    const auto nameEnd = std::find_if_not(line.begin(), line.end(), isNameByte);
+    if (nameEnd == line.begin() || nameEnd == line.end() || (*nameEnd != ':' && *nameEnd != ';'))
+        return false;
+    const std::string_view name(line.data(), static_cast<std::size_t>(nameEnd - line.begin()));
+    const QByteArrayView rest = line.sliced(nameEnd - line.begin() + 1);
+    std::string capitals(name);
+    std::transform(name.begin(), name.end(), capitals.begin(), [](unsigned char c) { return std::toupper(c); });
+    const bool isCapital = name == capitals;
+    const bool looksLikeProse = rest.startsWith(' ') || rest.startsWith("//");
+    if (capitals.starts_with("X-") || std::binary_search(kNames.begin(), kNames.end(), std::string_view(capitals)))
+        return isCapital || !looksLikeProse;
+    return isCapital && !looksLikeProse;
+}
+
+/// Whether the line holds prose, which people break where they like.
+bool holdsProse(QByteArrayView line)
+{
+    constexpr std::array<QByteArrayView, 6> names { "DESCRIPTION", "SUMMARY", "LOCATION", "COMMENT", "CONTACT", "X-" };
+    return std::any_of(names.begin(), names.end(), [line](QByteArrayView name) {
+        return line.size() > name.size() && qstrnicmp(line.data(), name.data(), static_cast<size_t>(name.size())) == 0;
+    });
+}
+
+/// A value of vCalendar 1.0 that goes on in the next line.
+bool isSoftlyBroken(QByteArrayView line)
+{
+    if (!line.endsWith('='))
+        return false;
+    const QByteArrayView head = line.first(std::max<qsizetype>(line.indexOf(':'), 0));
+    return head.toByteArray().toUpper().contains("QUOTED-PRINTABLE");
+}
+
+} // namespace
+
+ContentLines::ContentLines(const QByteArray &text)
+    : m_text(text)
+{
+    if (const auto encoding = encodingOf(text); encoding != QStringDecoder::Utf8)
+        m_text = QString(QStringDecoder(encoding)(text)).toUtf8();
+    if (m_text.startsWith("\xEF\xBB\xBF"))
+        m_text.remove(0, 3);
+    if (m_text.contains('\0')) {
+        m_text.replace('\0', QByteArray());
+        m_complaints.append(QStringLiteral("NUL bytes, left out"));
+    }
+    m_at = m_text.data();
+    m_end = m_at + m_text.size();
+}
+
+/// The bytes up to the next line break, and passes that and all that follow at once.
+ContentLines::Span ContentLines::takePhysical()
+{
+    const auto find = [](char *begin, char *end, char byte) {
+        auto *found = static_cast<char *>(std::memchr(begin, byte, static_cast<std::size_t>(end - begin)));
+        return found ? found : end;
+    };
+    const Span line { m_at, find(m_at, find(m_at, m_end, '\n'), '\r') };
+    m_endsInLine = line.end == m_end;
+    m_at = std::find_if_not(line.end, m_end, [](char byte) { return byte == '\n' || byte == '\r'; });
+    return line;
+}
+
+void ContentLines::append(Span &line, char separator)
+{
+    const Span more = takePhysical();
+    if (separator != kNoSeparator)
+        *line.end++ = separator;
+    std::memmove(line.end, more.begin, static_cast<std::size_t>(more.end - more.begin));
+    line.end += more.end - more.begin;
+}
+
+std::optional<ContentLines::Line> ContentLines::next()
+{
+    Span line { nullptr, nullptr };
+    do {
+        if (m_at == m_end)
+            return std::nullopt;
+        line = takePhysical();
+    } while (line.begin == line.end);
+
+    const auto text = [&line] { return QByteArrayView(line.begin, line.end); };
+    const auto rest = [this] { return QByteArrayView(m_at, std::find(m_at, m_end, '\n')); };
+    bool wasBroken = false;
+    while (m_at != m_end) {
+        if (isSoftlyBroken(text())) {
+            --line.end;
+            append(line, kNoSeparator);
+        } else if (isBlank(*m_at)) {
+            ++m_at;
+            append(line, kNoSeparator);
+        } else if (holdsProse(text()) && !beginsProperty(rest())) {
+            wasBroken = true;
+            append(line, '\n');
+        } else {
+            break;
+        }
+    }
+    return Line { text(), wasBroken, m_endsInLine };
+}
+
+} // namespace mintaro
