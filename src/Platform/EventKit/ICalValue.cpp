@@ -210,7 +210,7 @@ std::optional<seconds> takeTimeOfDay(ValueReader &reader)
     const int second = reader.hasDigit() ? reader.takeDigits(2) : 0;
     if (reader.take('.') || reader.take(','))
         reader.takeNumber();
-    const seconds time = hours { hour } + minutes { minute } + seconds { second };
+    const seconds time { (hour * 60 + minute) * 60 + second };
     // A leap second reads as the one before it (RFC 5545 3.3.12); 24:00 is the end of the day in ISO 8601.
     if (hour < 0 || minute < 0 || minute > 59 || second < 0 || second > 60 || time > days { 1 })
         return std::nullopt;

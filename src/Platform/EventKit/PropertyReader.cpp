@@ -83,7 +83,7 @@ std::optional<TimeZone> PropertyReader::zone(const QString &tzid)
         return known->second;
     auto zone = resolveZone(tzid);
     if (!zone)
-        zone = readTimeZone(m_root, tzid);
+        zone = readTimeZone(m_root, tzid, *this);
     if (!zone)
         complain(QStringLiteral("unknown time zone \"%1\", read as local time").arg(tzid.left(kLongestExcerpt)));
     return m_zones[tzid] = zone;

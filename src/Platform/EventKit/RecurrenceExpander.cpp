@@ -113,6 +113,8 @@ private:
     const LocalTime m_from;
     const LocalTime m_to;
     const std::int64_t m_maximum;
+    /// By all rules together.
+    std::int64_t m_visited = 0;
     std::vector<Start> m_starts;
     StartSet m_excluded;
     std::vector<std::pair<std::int64_t, const SeriesException *>> m_future;
@@ -170,19 +172,18 @@ bool Expansion::isPast(const RecurrenceRule::Until &until, LocalTime reading) co
     return reading > until.reading;
 }
 
-/// Visits the readings from m_from to m_to; false where the rule costs too much or has too many of them.
+/// Visits the readings from m_from to m_to; false where the rule costs too much, or there are too many of them.
 template <typename Visit>
 bool Expansion::forEach(const RecurrenceRule &rule, Visit &&visit)
 {
     RuleIterator iterator(rule, m_master.start.reading, m_to, m_budget);
     iterator.skipTo(m_from);
-    std::int64_t visited = 0;
     while (const auto reading = iterator.next()) {
         if (rule.until && isPast(*rule.until, *reading))
             break;
         if (*reading < m_from)
             continue;
-        if (++visited > m_maximum)
+        if (++m_visited > m_maximum)
             return false;
         visit(*reading);
     }

@@ -15,6 +15,7 @@ namespace {
 
 constexpr local_days kLastOnset { year { 2100 } / 1 / 1 };
 constexpr std::int64_t kMaximumSteps = 1'000'000;
+constexpr std::size_t kMaximumTransitions = 5'000;
 
 const ICalComponent *findTimeZone(const ICalComponent &parent, const QString &tzid)
 {
@@ -28,20 +29,28 @@ const ICalComponent *findTimeZone(const ICalComponent &parent, const QString &tz
     return nullptr;
 }
 
+/// The value of a property, if it has a sense. Times in a VTIMEZONE have no zone but the one that they make.
+template <typename Parse>
+auto valueOf(const ICalComponent &component, QByteArrayView name, Parse &&parse)
+{
+    const ICalProperty *property = component.property(name);
+    return property ? parse(property->value) : std::nullopt;
+}
+
 /// Collects what STANDARD and DAYLIGHT say; both are read in the same way.
 class ObservanceReader
 {
 public:
-    explicit ObservanceReader(const ICalComponent &root)
-        : m_reader(root)
+    explicit ObservanceReader(PropertyReader &reader)
+        : m_reader(reader)
     {
     }
 
     void read(const ICalComponent &observance)
     {
-        const auto start = m_reader.time(observance, "DTSTART");
-        const auto from = offset(observance, "TZOFFSETFROM");
-        const auto to = offset(observance, "TZOFFSETTO");
+        const auto start = valueOf(observance, "DTSTART", parseTime);
+        const auto from = valueOf(observance, "TZOFFSETFROM", parseUtcOffset);
+        const auto to = valueOf(observance, "TZOFFSETTO", parseUtcOffset);
         if (!start || !from || !to)
             return;
         m_from = *from;
@@ -49,12 +58,14 @@ public:
         add(start->reading);
         observance.forEachProperty("RDATE", [this](const ICalProperty &property) {
             for (const QByteArrayView value : listOf(property)) {
-                if (const auto date = m_reader.time(property, value))
+                if (const auto date = parseTime(value))
                     add(date->reading);
             }
         });
-        observance.forEachProperty(
-            "RRULE", [&](const ICalProperty &property) { addRule(property.value.toByteArray(), start->reading); });
+        observance.forEachProperty("RRULE", [&](const ICalProperty &property) {
+            if (!addRule(property.value.toByteArray(), start->reading))
+                m_reader.refuse(property);
+        });
     }
 
     std::optional<TimeZone> zone(const QString &tzid)
@@ -67,12 +78,6 @@ public:
     }
 
 private:
-    static std::optional<seconds> offset(const ICalComponent &observance, QByteArrayView name)
-    {
-        const ICalProperty *property = observance.property(name);
-        return property ? parseUtcOffset(property->value) : std::nullopt;
-    }
-
     void add(LocalTime onset)
     {
         const sys_seconds at { onset.time_since_epoch() - m_from };
@@ -83,24 +88,27 @@ private:
         m_transitions.push_back({ at, m_to });
     }
 
-    /// Other rules than yearly ones make no zone; some are made to keep programs busy.
-    void addRule(const QByteArray &value, LocalTime start)
+    /// False for rules that make no zone: some are made to keep programs busy.
+    bool addRule(const QByteArray &value, LocalTime start)
     {
         const auto rule = RecurrenceRule::parse(value);
         if (!rule || rule->frequency != RecurrenceRule::Frequency::Yearly)
-            return;
+            return false;
         const LocalTime last = kLastOnset;
         RuleIterator onsets(*rule, start, last, m_budget);
         while (const auto onset = onsets.next()) {
             const LocalTime compared = rule->until && rule->until->isUtc ? *onset - m_from : *onset;
             if (rule->until && compared > rule->until->reading)
                 break;
+            if (m_transitions.size() > kMaximumTransitions)
+                return false;
             if (*onset != start)
                 add(*onset);
         }
+        return !m_budget.isSpent();
     }
 
-    PropertyReader m_reader;
+    PropertyReader &m_reader;
     ExpansionBudget m_budget { kMaximumSteps };
     seconds m_from { 0 };
     seconds m_to { 0 };
@@ -111,17 +119,17 @@ private:
 
 } // namespace
 
-std::optional<TimeZone> readTimeZone(const ICalComponent &root, const QString &tzid)
+std::optional<TimeZone> readTimeZone(const ICalComponent &root, const QString &tzid, PropertyReader &reader)
 {
     const ICalComponent *timeZone = findTimeZone(root, tzid);
     if (!timeZone)
         return std::nullopt;
     if (const auto named = resolveZone(PropertyReader::text(*timeZone, "X-LIC-LOCATION")))
         return named;
-    ObservanceReader reader(root);
-    timeZone->forEachComponent("STANDARD", [&](const ICalComponent &each) { reader.read(each); });
-    timeZone->forEachComponent("DAYLIGHT", [&](const ICalComponent &each) { reader.read(each); });
-    return reader.zone(tzid);
+    ObservanceReader observances(reader);
+    timeZone->forEachComponent("STANDARD", [&](const ICalComponent &each) { observances.read(each); });
+    timeZone->forEachComponent("DAYLIGHT", [&](const ICalComponent &each) { observances.read(each); });
+    return observances.zone(tzid);
 }
 
 } // namespace mintaro
