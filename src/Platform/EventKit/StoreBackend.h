@@ -64,8 +64,8 @@ struct StoreChanges
 };
 
 /// Delivers whole iCalendar objects (RFC 5545 3.4) with their collections and tells of changes. All that calendars mean
-/// (zones, recurrences, overlap, merging) is the engine's, so that every backend answers alike. Calls come one at a
-/// time, from any thread.
+/// (zones, recurrences, overlap, merging) is the engine's, so that every backend answers alike. Calls come
+/// from any thread: those of `objects`, `object`, `read` and `describe` several at once, all others alone.
 class StoreBackend
 {
 public:
@@ -74,7 +74,7 @@ public:
     /// False where the user's data cannot be read; throws EKError where the store's configuration makes no sense.
     [[nodiscard]] virtual bool requestAccess() = 0;
     [[nodiscard]] virtual std::vector<StoreCollection> collections() = 0;
-    /// Every object of a collection, without reading any.
+    /// Every object of a collection, in no order, without reading any.
     [[nodiscard]] virtual std::vector<ObjectState> objects(const QString &collection) = 0;
     /// The present state of one object; empty when there is none of that name.
     [[nodiscard]] virtual std::optional<ObjectState> object(const QString &collection, const QString &name) = 0;

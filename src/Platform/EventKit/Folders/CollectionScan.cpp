@@ -23,12 +23,19 @@ QString textOf(const Folder &folder, const char *name)
     return fileName(folder.read(name, kLargestLooksFile).bytes.value_or(QByteArray())).value_or(QString()).simplified();
 }
 
-/// Whether a root holds calendar data itself, as a single folder that the user named for a root does.
-bool isCollectionItself(const Folder &folder)
+/// Whether a folder that has an entry of this name holds calendar data itself.
+bool marksCollection(QByteArrayView name)
 {
-    const std::vector<QByteArray> names = folder.names();
-    return std::any_of(names.begin(), names.end(),
-        [](const QByteArray &name) { return name.endsWith(".ics") || name == "color" || name == "displayname"; });
+    return isObjectName(name) || name == "color" || name == "displayname";
+}
+
+/// Whether an entry is a folder or leads to one.
+bool isFolder(const Folder &parent, const dirent &entry)
+{
+    if (entry.d_type != DT_UNKNOWN && entry.d_type != DT_LNK)
+        return entry.d_type == DT_DIR;
+    const std::optional<struct stat> status = parent.status(entry.d_name);
+    return status && S_ISDIR(status->st_mode);
 }
 
 /// ".calendars" becomes "Calendars", "my_work" "My work".
@@ -78,20 +85,23 @@ void CollectionScan::addRoot(const ConfiguredFolder &configured, const QString &
         if (std::optional<Found> found = examine(configured, path, root))
             all.push_back(std::move(*found));
     };
-    if (isCollectionItself(*folder))
-        take(root);
-    for (const QByteArray &name : folder->names()) {
-        const std::optional<struct stat> status = folder->status(name);
-        const bool isMatch = ::fnmatch(configured.pattern.toUtf8().constData(), name.constData(), FNM_PERIOD) == 0;
-        if (!isMatch || !status || !S_ISDIR(status->st_mode))
-            continue;
-        if (const std::optional<QString> text = fileName(name))
-            take(canonicalPath(root + u'/' + *text).value_or(QString()));
+    const QByteArray pattern = configured.pattern.toUtf8();
+    bool isCollection = false;
+    folder->forEach([&](const dirent &entry) {
+        isCollection = isCollection || marksCollection(entry.d_name);
+        if (::fnmatch(pattern.constData(), entry.d_name, FNM_PERIOD) != 0 || !isFolder(*folder, entry))
+            return;
+        const QByteArray place = root.toUtf8() + '/' + entry.d_name;
+        if (const std::optional<QString> path = canonicalPath(place))
+            take(*path);
         else
-            m_report(root + u'/' + escapedPath(name), QStringLiteral("the name is not UTF-8"));
-    }
-    std::stable_sort(all.begin(), all.end(), [](const Found &a, const Found &b) {
-        return std::tuple(a.order, a.collection.title) < std::tuple(b.order, b.collection.title);
+            m_report(escapedPath(place), QStringLiteral("the path is not UTF-8"));
+    });
+    if (isCollection)
+        take(root);
+    std::sort(all.begin(), all.end(), [](const Found &a, const Found &b) {
+        return std::tie(a.order, a.collection.title, a.collection.identifier)
+            < std::tie(b.order, b.collection.title, b.collection.identifier);
     });
     std::for_each(all.begin(), all.end(), [this](const Found &found) { add(found); });
 }

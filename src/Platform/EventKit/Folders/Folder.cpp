@@ -53,8 +53,11 @@ FileText readFileAt(int folder, const char *name, qint64 limit)
 
 } // namespace
 
-std::optional<QString> fileName(const QByteArray &bytes)
+std::optional<QString> fileName(QByteArrayView bytes)
 {
+    const auto isAscii = [](char byte) { return static_cast<unsigned char>(byte) < 0x80; };
+    if (std::all_of(bytes.begin(), bytes.end(), isAscii))
+        return QString::fromLatin1(bytes);
     QString name = QString::fromUtf8(bytes);
     return name.toUtf8() == bytes ? std::optional(std::move(name)) : std::nullopt;
 }
@@ -78,15 +81,25 @@ QString escapedPath(const QString &path)
     return escapedPath(path.toUtf8());
 }
 
+std::optional<QString> canonicalPath(const QByteArray &path)
+{
+    const std::unique_ptr<char, decltype(&std::free)> real(::realpath(path.constData(), nullptr), &std::free);
+    return real ? fileName(real.get()) : std::nullopt;
+}
+
 std::optional<QString> canonicalPath(const QString &path)
 {
-    const std::unique_ptr<char, decltype(&std::free)> real(::realpath(path.toUtf8().constData(), nullptr), &std::free);
-    return real ? fileName(QByteArray(real.get())) : std::nullopt;
+    return canonicalPath(path.toUtf8());
 }
 
 bool isObjectName(const QString &name)
 {
     return name.endsWith(QLatin1String(".ics"));
+}
+
+bool isObjectName(QByteArrayView name)
+{
+    return name.endsWith(".ics");
 }
 
 ObjectRevision revisionOf(const struct stat &status)
@@ -108,30 +121,23 @@ std::optional<Folder> Folder::open(const QString &path)
     return folder.m_folder ? std::optional(std::move(folder)) : std::nullopt;
 }
 
-std::vector<QByteArray> Folder::names() const
-{
-    std::vector<QByteArray> names;
-    ::rewinddir(m_folder.get());
-    while (const dirent *entry = ::readdir(m_folder.get())) {
-        const QByteArray name(entry->d_name);
-        if (name != "." && name != "..")
-            names.push_back(name);
-    }
-    std::sort(names.begin(), names.end());
-    return names;
-}
-
-std::optional<struct stat> Folder::status(const QByteArray &name) const
+std::optional<struct stat> Folder::status(const char *name) const
 {
     struct stat status = {};
-    if (::fstatat(::dirfd(m_folder.get()), name.constData(), &status, 0) != 0)
+    if (::fstatat(::dirfd(m_folder.get()), name, &status, 0) != 0)
         return std::nullopt;
     return status;
 }
 
-FileText Folder::read(const QByteArray &name, qint64 limit) const
+bool Folder::isLink(const char *name) const
 {
-    return readFileAt(::dirfd(m_folder.get()), name.constData(), limit);
+    struct stat status = {};
+    return ::fstatat(::dirfd(m_folder.get()), name, &status, AT_SYMLINK_NOFOLLOW) == 0 && S_ISLNK(status.st_mode);
+}
+
+FileText Folder::read(const char *name, qint64 limit) const
+{
+    return readFileAt(::dirfd(m_folder.get()), name, limit);
 }
 
 } // namespace mintaro

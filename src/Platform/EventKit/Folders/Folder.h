@@ -2,12 +2,11 @@
 
 #include "Platform/EventKit/StoreBackend.h"
 
-#include <QByteArray>
+#include <QByteArrayView>
 #include <QString>
 
 #include <memory>
 #include <optional>
-#include <vector>
 
 #include <dirent.h>
 #include <sys/stat.h>
@@ -24,14 +23,16 @@ struct FileText
 
 /// Names in the file system are bytes. Those that are no UTF-8 cannot be a QString and come back the same, so they give
 /// an empty value.
-[[nodiscard]] std::optional<QString> fileName(const QByteArray &bytes);
+[[nodiscard]] std::optional<QString> fileName(QByteArrayView bytes);
 /// A path as a log line takes it: control characters and what is no UTF-8 escaped.
 [[nodiscard]] QString escapedPath(const QByteArray &path);
 [[nodiscard]] QString escapedPath(const QString &path);
 /// The path without symbolic links; empty where nothing is there or the name is no UTF-8.
+[[nodiscard]] std::optional<QString> canonicalPath(const QByteArray &path);
 [[nodiscard]] std::optional<QString> canonicalPath(const QString &path);
 /// Whether a folder's entry of this name is a calendar object.
 [[nodiscard]] bool isObjectName(const QString &name);
+[[nodiscard]] bool isObjectName(QByteArrayView name);
 [[nodiscard]] ObjectRevision revisionOf(const struct stat &status);
 /// The whole of a regular file of at most `limit` bytes. Neither a FIFO nor a device can hold the caller up.
 [[nodiscard]] FileText readFile(const QString &path, qint64 limit);
@@ -43,11 +44,22 @@ public:
     /// Empty with errno set where it cannot be opened.
     [[nodiscard]] static std::optional<Folder> open(const QString &path);
 
-    /// All entries but "." and "..", in the order of their bytes.
-    [[nodiscard]] std::vector<QByteArray> names() const;
+    /// Calls `visit` with the dirent of each entry but "." and "..", in no order.
+    template <typename Visit>
+    void forEach(const Visit &visit) const
+    {
+        ::rewinddir(m_folder.get());
+        while (const dirent *entry = ::readdir(m_folder.get())) {
+            const QByteArrayView name(entry->d_name);
+            if (name != "." && name != "..")
+                visit(*entry);
+        }
+    }
     /// Empty with errno set where there is none.
-    [[nodiscard]] std::optional<struct stat> status(const QByteArray &name) const;
-    [[nodiscard]] FileText read(const QByteArray &name, qint64 limit) const;
+    [[nodiscard]] std::optional<struct stat> status(const char *name) const;
+    /// Whether the entry itself is a symbolic link, wherever that leads.
+    [[nodiscard]] bool isLink(const char *name) const;
+    [[nodiscard]] FileText read(const char *name, qint64 limit) const;
 
 private:
     struct Closer

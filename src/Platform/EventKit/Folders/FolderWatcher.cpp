@@ -60,15 +60,17 @@ std::size_t fingerprintOf(const QString &path)
     const std::optional<Folder> folder = Folder::open(path);
     if (!folder)
         return 0;
-    std::size_t hash = 1;
-    for (const QByteArray &name : folder->names()) {
-        hash = qHash(name, hash);
-        if (const std::optional<struct stat> status = folder->status(name)) {
-            for (const std::int64_t number : revisionOf(*status))
-                hash = qHash(number, hash);
+    // A sum, since a folder tells its entries in no order.
+    std::size_t sum = 1;
+    folder->forEach([&](const dirent &entry) {
+        std::size_t hash = qHash(QByteArrayView(entry.d_name));
+        if (const std::optional<struct stat> status = folder->status(entry.d_name)) {
+            const ObjectRevision revision = revisionOf(*status);
+            hash = qHashRange(revision.begin(), revision.end(), hash);
         }
-    }
-    return hash;
+        sum += hash;
+    });
+    return sum;
 }
 
 } // namespace
@@ -250,7 +252,7 @@ void FolderWatcher::handle(const inotify_event &event, ChangeBurst::TimePoint no
         m_watches.erase(found);
     else if ((event.mask & (kSelfEvents | IN_UNMOUNT)) != 0 || event.len == 0)
         m_burst.addCollections(now);
-    else if (const std::optional<QString> name = fileName(QByteArray(event.name)))
+    else if (const std::optional<QString> name = fileName(event.name))
         handleEntry(found->second, *name, event.mask, now);
 }
 

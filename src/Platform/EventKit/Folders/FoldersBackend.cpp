@@ -98,36 +98,38 @@ std::vector<ObjectState> FoldersBackend::objects(const QString &collection)
         return {};
     }
     std::vector<ObjectState> objects;
-    for (const QByteArray &name : folder->names()) {
-        if (!name.endsWith(".ics"))
-            continue;
-        if (std::optional<ObjectState> state = stateOf(*folder, collection, name))
+    folder->forEach([&](const dirent &entry) {
+        if (!isObjectName(QByteArrayView(entry.d_name)))
+            return;
+        if (std::optional<ObjectState> state = stateOf(*folder, collection, entry.d_name))
             objects.push_back(std::move(*state));
-    }
+    });
     return objects;
 }
 
 std::optional<ObjectState> FoldersBackend::object(const QString &collection, const QString &name)
 {
     const std::optional<Folder> folder = Folder::open(collection);
-    return folder && isObjectName(name) ? stateOf(*folder, collection, name.toUtf8()) : std::nullopt;
+    return folder && isObjectName(name) ? stateOf(*folder, collection, name.toUtf8().constData()) : std::nullopt;
 }
 
-std::optional<ObjectState> FoldersBackend::stateOf(
-    const Folder &folder, const QString &collection, const QByteArray &name)
+std::optional<ObjectState> FoldersBackend::stateOf(const Folder &folder, const QString &collection, const char *name)
 {
     const std::optional<struct stat> status = folder.status(name);
-    const int error = errno;
-    const QString path = collection + u'/' + escapedPath(name);
-    const std::optional<QString> text = fileName(name);
-    if (!status && error != ENOENT)
-        report(path, QString::fromLocal8Bit(std::strerror(error)));
-    else if (status && !S_ISREG(status->st_mode))
-        report(path, QStringLiteral("no regular file"));
-    else if (status && !text)
-        report(path, QStringLiteral("the name is not UTF-8"));
+    const int error = status ? 0 : errno;
+    std::optional<QString> text;
+    if (status && S_ISREG(status->st_mode) && (text = fileName(name)))
+        return ObjectState { std::move(*text), revisionOf(*status) };
+    QString problem;
+    if (error == ENOENT && folder.isLink(name))
+        problem = QStringLiteral("a link that leads nowhere");
+    else if (error != 0 && error != ENOENT)
+        problem = QString::fromLocal8Bit(std::strerror(error));
     else if (status)
-        return ObjectState { *text, revisionOf(*status) };
+        problem
+            = S_ISREG(status->st_mode) ? QStringLiteral("the name is not UTF-8") : QStringLiteral("no regular file");
+    if (!problem.isEmpty())
+        report(collection + u'/' + escapedPath(QByteArray(name)), problem);
     return std::nullopt;
 }
 
@@ -152,6 +154,7 @@ void FoldersBackend::watch(std::function<void(const StoreChanges &)> handler)
 void FoldersBackend::report(const QString &path, const QString &problem)
 {
     const QString line = escapedPath(path) + QLatin1String(": ") + problem;
+    const QMutexLocker lock(&m_mutex);
     if (m_reported.contains(line))
         return;
     m_reported.insert(line);

@@ -5,6 +5,7 @@
 #include "Platform/EventKit/StoreBackend.h"
 #include "Platform/Foundation/Logger.h"
 
+#include <QMutex>
 #include <QSet>
 
 namespace mintaro {
@@ -32,16 +33,17 @@ public:
     void watch(std::function<void(const StoreChanges &)> handler) override;
 
 private:
-    /// One line for each path and problem, however often it is met.
+    /// One line for each path and problem, however often it is met. Thread-safe.
     void report(const QString &path, const QString &problem);
-    [[nodiscard]] std::optional<ObjectState> stateOf(
-        const Folder &folder, const QString &collection, const QByteArray &name);
+    [[nodiscard]] std::optional<ObjectState> stateOf(const Folder &folder, const QString &collection, const char *name);
 
     const BaseFolders m_baseFolders;
     const std::optional<QString> m_root;
     const Logger m_logger;
     std::optional<StoreConfiguration> m_configuration;
     bool m_isGranted = false;
+    QMutex m_mutex;
+    /// Guarded by the mutex.
     QSet<QString> m_reported;
     FolderWatcher m_watcher;
 };
