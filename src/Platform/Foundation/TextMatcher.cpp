@@ -10,10 +10,11 @@ namespace mintaro {
 
 namespace {
 
-/// Dashes, quotation marks and their like have no case and do not combine.
+/// Dashes, quotation marks and their like have no case and do not combine. The two spaces before them are left out:
+/// they are canonically the same as the two that follow.
 bool isPunctuation(char16_t unit)
 {
-    return unit >= 0x2000 && unit < 0x20d0;
+    return unit >= 0x2002 && unit < 0x20d0;
 }
 
 icu::UnicodeString toIcu(QStringView text)
@@ -26,15 +27,15 @@ QString fromIcu(const icu::UnicodeString &text)
     return QString::fromUtf16(text.getBuffer(), text.length());
 }
 
-bool hasDotlessI(const QString &identifier)
+bool hasDotlessI(const QString &language)
 {
-    return identifier.startsWith(QLatin1String("tr")) || identifier.startsWith(QLatin1String("az"));
+    return language == QLatin1String("tr") || language == QLatin1String("az");
 }
 
 } // namespace
 
 TextMatcher::TextMatcher(const QString &text, const Locale &locale)
-    : m_options(hasDotlessI(locale.identifier()) ? U_FOLD_CASE_EXCLUDE_SPECIAL_I : U_FOLD_CASE_DEFAULT)
+    : m_options(hasDotlessI(locale.language) ? U_FOLD_CASE_EXCLUDE_SPECIAL_I : U_FOLD_CASE_DEFAULT)
 {
     for (char16_t unit = 0; unit < kTableSize; ++unit) {
         const icu::UnicodeString result = icu::UnicodeString(unit).foldCase(m_options);
