@@ -29,6 +29,7 @@ AppState::AppState(const Dependencies &dependencies)
     , m_eventsVM(m_eventStore, m_environment)
     , m_upcomingVM(m_eventStore, m_environment)
     , m_remindersVM(m_reminderService, m_environment)
+    , m_searchVM(m_eventStore, m_environment)
 {
     connect(&m_environment, &Environment::significantTimeChange, this, [this] {
         followToday();

@@ -9,6 +9,7 @@
 #include "ViewModels/CalendarViewModel.h"
 #include "ViewModels/EventsViewModel.h"
 #include "ViewModels/RemindersViewModel.h"
+#include "ViewModels/SearchViewModel.h"
 
 #include <QObject>
 #include <QSet>
@@ -25,6 +26,7 @@ class AppState : public QObject
     Q_OBJECT
     Q_PROPERTY(bool hasCalendarAccess READ hasCalendarAccess NOTIFY hasCalendarAccessChanged)
     Q_PROPERTY(mintaro::CalendarViewModel *calendarVM READ calendarVM CONSTANT)
+    Q_PROPERTY(mintaro::SearchViewModel *searchVM READ searchVM CONSTANT)
 
 public:
     /// What it is built upon; all of it must outlive the object.
@@ -59,6 +61,7 @@ public:
     [[nodiscard]] CalendarViewModel *calendarVM() { return &m_calendarVM; }
     [[nodiscard]] EventsViewModel &eventsVM() { return m_eventsVM; }
     [[nodiscard]] RemindersViewModel &remindersVM() { return m_remindersVM; }
+    [[nodiscard]] SearchViewModel *searchVM() { return &m_searchVM; }
     [[nodiscard]] Environment &environment() { return m_environment; }
     [[nodiscard]] UserDefaults &defaults() { return m_defaults; }
 
@@ -161,6 +164,7 @@ private:
     /// The coming week, where the month that is browsed does not hold it; otherwise empty.
     EventsViewModel m_upcomingVM;
     RemindersViewModel m_remindersVM;
+    SearchViewModel m_searchVM;
 };
 
 } // namespace mintaro

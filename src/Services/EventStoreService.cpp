@@ -2,16 +2,12 @@
 
 namespace mintaro {
 
-namespace {
-
 bool isDeclinedByCurrentUser(const EKEvent &event)
 {
     const auto &attendees = event.attendees();
     const auto self = std::ranges::find(attendees, true, &EKParticipant::isCurrentUser);
     return self != attendees.end() && self->participantStatus == EKParticipantStatus::Declined;
 }
-
-} // namespace
 
 EventStoreService::EventStoreService(EKEventStore store, MeetingURLDetector detector, NotificationCenter &notifications)
     : m_store(std::move(store))
@@ -37,6 +33,13 @@ QCoro::Task<std::vector<FetchedEvent>> EventStoreService::fetchEvents(
 {
     return m_actor.perform(
         [this, predicate = EKEventStore::predicateForEvents(from, to, calendars)] { return fetch(predicate); });
+}
+
+QCoro::Task<std::vector<FetchedEvent>> EventStoreService::searchEvents(QString text, Date from, Date to)
+{
+    return m_actor.perform([this, predicate = EKEventStore::predicateForEvents(from, to, std::nullopt, text)] {
+        return fetch(predicate);
+    });
 }
 
 std::vector<FetchedEvent> EventStoreService::fetch(const EKEventPredicate &predicate)

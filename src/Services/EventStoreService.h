@@ -21,6 +21,9 @@ struct FetchedEvent
     std::optional<MeetingInfo> meetingInfo;
 };
 
+/// The first attendee that is the current user decides.
+[[nodiscard]] bool isDeclinedByCurrentUser(const EKEvent &event);
+
 /// The only way to the events of the store: an actor, so that no query ever holds up the main thread. Its operations
 /// may be awaited from any thread with an event loop.
 class EventStoreService
@@ -36,6 +39,9 @@ public:
     /// `calendars`: absent for every one.
     [[nodiscard]] QCoro::Task<std::vector<FetchedEvent>> fetchEvents(
         Date from, Date to, std::optional<std::vector<EKCalendarRef>> calendars);
+    /// What fetchEvents gives for every calendar, as far as title, location or notes contain `text`, whatever the case
+    /// by the rules of the user's language.
+    [[nodiscard]] QCoro::Task<std::vector<FetchedEvent>> searchEvents(QString text, Date from, Date to);
     /// One element for each change of the store. For the main thread. The stream ends with the service.
     [[nodiscard]] AsyncStream<std::monostate> storeChanges();
 

@@ -53,9 +53,9 @@ EKCalendarRef EKEventStore::calendarWithIdentifier(const QString &identifier)
 }
 
 EKEventPredicate EKEventStore::predicateForEvents(
-    Date start, Date end, const std::optional<std::vector<EKCalendarRef>> &calendars)
+    Date start, Date end, const std::optional<std::vector<EKCalendarRef>> &calendars, std::optional<QString> text)
 {
-    return { start, end, identifiersOf(calendars) };
+    return { start, end, identifiersOf(calendars), std::move(text) };
 }
 
 std::vector<EKEvent> EKEventStore::eventsMatchingPredicate(const EKEventPredicate &predicate)

@@ -47,9 +47,9 @@ public:
     /// Null when there is none.
     [[nodiscard]] EKCalendarRef calendarWithIdentifier(const QString &identifier);
 
-    /// `calendars`: absent for every one.
-    [[nodiscard]] static EKEventPredicate predicateForEvents(
-        Date start, Date end, const std::optional<std::vector<EKCalendarRef>> &calendars);
+    /// `calendars`: absent for every one. `text`: as the predicate tells it.
+    [[nodiscard]] static EKEventPredicate predicateForEvents(Date start, Date end,
+        const std::optional<std::vector<EKCalendarRef>> &calendars, std::optional<QString> text = std::nullopt);
     /// Occurrences in ascending order of their starts; those of equal starts in the order of calendars and objects.
     /// Nothing before access was granted.
     [[nodiscard]] std::vector<EKEvent> eventsMatchingPredicate(const EKEventPredicate &predicate);

@@ -1,0 +1,92 @@
+#include "ViewModels/SearchViewModel.h"
+
+#include <QPointer>
+
+namespace mintaro {
+
+namespace {
+
+constexpr int kMonthsEachWay = 12;
+
+bool isSpace(QChar character)
+{
+    return character == u'\t' || character.category() == QChar::Separator_Space;
+}
+
+} // namespace
+
+SearchViewModel::SearchViewModel(EventStoreService &eventStore, const Environment &environment)
+    : m_eventStore(eventStore)
+    , m_environment(environment)
+{
+}
+
+QString SearchViewModel::query(const QString &searchText)
+{
+    const auto first = std::find_if_not(searchText.begin(), searchText.end(), isSpace);
+    const auto last = std::find_if_not(searchText.rbegin(), std::make_reverse_iterator(first), isSpace).base();
+    return QString(first, last - first);
+}
+
+DateInterval SearchViewModel::range(const Environment &environment)
+{
+    const Calendar calendar = environment.calendar();
+    const Date now = environment.now();
+    const auto shifted
+        = [&](int months) { return calendar.dateByAdding(Calendar::Component::Month, months, now).value_or(now); };
+    return { shifted(-kMonthsEachWay), shifted(kMonthsEachWay) };
+}
+
+void SearchViewModel::setSearchText(const QString &text)
+{
+    if (std::exchange(m_searchText, text) != text)
+        Q_EMIT searchTextChanged();
+}
+
+QCoro::Task<> SearchViewModel::search()
+{
+    const QPointer<SearchViewModel> self(this);
+    const int number = ++m_lastSearch;
+    const QString text = query(m_searchText);
+    if (text.isEmpty()) {
+        setResults({});
+        co_return;
+    }
+    setSearchesUnderWay(m_searchesUnderWay + 1);
+    const DateInterval dates = range(m_environment);
+    auto fetched = co_await m_eventStore.searchEvents(text, dates.start, dates.end);
+    if (!self)
+        co_return;
+    if (number == m_lastSearch) {
+        std::vector<CalendarEvent> results;
+        results.reserve(fetched.size());
+        for (FetchedEvent &each : fetched)
+            results.push_back(CalendarEvent::fromEvent(each.event, std::move(each.meetingInfo)));
+        setResults(std::move(results));
+    }
+    setSearchesUnderWay(m_searchesUnderWay - 1);
+}
+
+void SearchViewModel::clear()
+{
+    setSearchText({});
+    setResults({});
+}
+
+void SearchViewModel::setResults(std::vector<CalendarEvent> results)
+{
+    const bool wasEmpty = m_results.empty();
+    m_results = std::move(results);
+    if (!wasEmpty || !m_results.empty())
+        Q_EMIT resultsChanged();
+}
+
+void SearchViewModel::setSearchesUnderWay(int count)
+{
+    const bool wasSearching = isSearching();
+    m_searchesUnderWay = count;
+    if (isSearching() != wasSearching)
+        Q_EMIT isSearchingChanged();
+}
+
+} // namespace mintaro

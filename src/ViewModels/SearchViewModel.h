@@ -1,0 +1,58 @@
+#pragma once
+
+#include "Models/CalendarEvent.h"
+#include "Platform/Foundation/Environment.h"
+#include "Services/EventStoreService.h"
+
+#include <QObject>
+
+namespace mintaro {
+
+/// The search for events by their texts: what was typed, and what the last search found. Nothing is searched while the
+/// user types, nor again when the store changes. For the main thread.
+class SearchViewModel : public QObject
+{
+    Q_OBJECT
+    Q_PROPERTY(QString searchText READ searchText WRITE setSearchText NOTIFY searchTextChanged)
+    Q_PROPERTY(bool isSearching READ isSearching NOTIFY isSearchingChanged)
+
+public:
+    /// Both must outlive the object.
+    SearchViewModel(EventStoreService &eventStore, const Environment &environment);
+
+    [[nodiscard]] const QString &searchText() const { return m_searchText; }
+    void setSearchText(const QString &text);
+    /// In the store's order, each occurrence by itself.
+    [[nodiscard]] const std::vector<CalendarEvent> &results() const { return m_results; }
+    [[nodiscard]] bool isSearching() const { return m_searchesUnderWay > 0; }
+
+    /// Replaces the results by the events of every calendar in range() that contain query() of the search text; by none
+    /// where that is empty. A later call supersedes the earlier ones, whose results are dropped.
+    QCoro::Task<> search();
+    /// Empties search text and results. A search under way goes on.
+    void clear();
+
+    /// What a typed text asks for: itself without the spaces and tabs around it; line breaks stay.
+    [[nodiscard]] static QString query(const QString &searchText);
+    /// From a year before now to a year after it.
+    [[nodiscard]] static DateInterval range(const Environment &environment);
+
+Q_SIGNALS:
+    void searchTextChanged();
+    void resultsChanged();
+    void isSearchingChanged();
+
+private:
+    void setResults(std::vector<CalendarEvent> results);
+    void setSearchesUnderWay(int count);
+
+    EventStoreService &m_eventStore;
+    const Environment &m_environment;
+    QString m_searchText;
+    std::vector<CalendarEvent> m_results;
+    int m_searchesUnderWay = 0;
+    /// Counts the calls of search().
+    int m_lastSearch = 0;
+};
+
+} // namespace mintaro
