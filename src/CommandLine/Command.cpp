@@ -4,6 +4,7 @@
 #include "CommandLine/LinksCommand.h"
 #include "CommandLine/NextCommand.h"
 #include "CommandLine/OccurrencesCommand.h"
+#include "CommandLine/SearchCommand.h"
 #include "CommandLine/StatusCommand.h"
 #include "Platform/AppKit/DesktopWorkspace.h"
 
@@ -22,6 +23,7 @@ std::vector<std::unique_ptr<Command>> allCommands()
     commands.push_back(std::make_unique<NextCommand>());
     commands.push_back(std::make_unique<StatusCommand>());
     commands.push_back(std::make_unique<OccurrencesCommand>());
+    commands.push_back(std::make_unique<SearchCommand>());
     commands.push_back(std::make_unique<LinksCommand>());
     return commands;
 }

@@ -1,128 +1,18 @@
 #include "CommandLine/OccurrencesCommand.h"
 
-#include "Platform/EventKit/CalendarDatabase.h"
-#include "Platform/Foundation/ISO8601.h"
-
-#include <QElapsedTimer>
-#include <QJsonArray>
-
-#include <cstdio>
-
 namespace mintaro {
-
-namespace {
-
-QString escaped(QString text)
-{
-    text.replace(u'\\', QLatin1String("\\\\"))
-        .replace(u'\n', QLatin1String("\\n"))
-        .replace(u'\t', QLatin1String("\\t"));
-    return text.remove(u'\r');
-}
-
-QString digits(int value, int width)
-{
-    return QStringLiteral("%1").arg(value, width, 10, QLatin1Char('0'));
-}
-
-QString dayText(const DateComponents &parts)
-{
-    return digits(parts.year, 4) + digits(parts.month, 2) + digits(parts.day, 2);
-}
-
-/// YYYYMMDDTHHMMSSZ.
-QString instantText(Date date)
-{
-    static const Calendar utc({}, TimeZone());
-    const DateComponents parts = utc.components(date);
-    return dayText(parts) + u'T' + digits(parts.hour, 2) + digits(parts.minute, 2) + digits(parts.second, 2) + u'Z';
-}
-
-struct Range
-{
-    QString start;
-    QString end;
-};
-
-/// Whole days as days with the end exclusive, all else as instants.
-Range rangeOf(const EKEvent &event, const Calendar &calendar)
-{
-    if (!event.isAllDay())
-        return { instantText(event.startDate()), instantText(event.endDate()) };
-    const Date dayAfter = calendar.dateByAdding(Calendar::Component::Day, 1, calendar.startOfDay(event.endDate()))
-                              .value_or(event.endDate());
-    return { dayText(calendar.components(event.startDate())), dayText(calendar.components(dayAfter)) };
-}
-
-Date required(const QCommandLineParser &arguments, const char *option, const TimeZone &timeZone)
-{
-    const auto date = dateFromIso8601(arguments.value(QLatin1String(option)), timeZone);
-    if (!date)
-        throw CommandError(
-            QStringLiteral("--%1: a moment is needed, as in 20270131T230000Z").arg(QLatin1String(option)));
-    return *date;
-}
-
-void print(const EKEvent &event, const Calendar &calendar, const QCommandLineParser &arguments)
-{
-    const Range range = rangeOf(event, calendar);
-    const QString uid = event.calendarItemExternalIdentifier();
-    const QString title = event.title().value_or(QString());
-    if (arguments.isSet(QStringLiteral("tsv")))
-        printLine(QStringList { escaped(uid), range.start, range.end, escaped(title) }.join(u'\t'));
-    else if (arguments.isSet(QStringLiteral("json")))
-        printJson({ { QStringLiteral("uid"), uid }, { QStringLiteral("start"), range.start },
-            { QStringLiteral("end"), range.end }, { QStringLiteral("summary"), title } });
-    else
-        printLine(QStringLiteral("%1  %2  %3").arg(range.start, range.end, title));
-}
-
-} // namespace
 
 QString OccurrencesCommand::summary() const
 {
     return QStringLiteral("all occurrences that overlap a range");
 }
 
-void OccurrencesCommand::addOptions(QCommandLineParser &parser) const
+EKEventPredicate OccurrencesCommand::predicate(
+    const QCommandLineParser &arguments, const Environment &environment) const
 {
-    parser.addOptions({
-        { QStringLiteral("from"), QStringLiteral("Begin (ISO 8601 or basic UTC)."), QStringLiteral("moment") },
-        { QStringLiteral("to"), QStringLiteral("End, exclusive."), QStringLiteral("moment") },
-        { QStringLiteral("tsv"), QStringLiteral("UID, start, end and summary with tabs between.") },
-        { QStringLiteral("json"), QStringLiteral("One JSON object a line.") },
-        { QStringLiteral("count"), QStringLiteral("Their number alone.") },
-        { QStringLiteral("timing"), QStringLiteral("Microseconds for load and query on standard error.") },
-    });
-}
-
-int OccurrencesCommand::run(const QCommandLineParser &arguments)
-{
-    AppContext context(ContextOptions::from(arguments));
-    const Calendar calendar = context.environment().calendar();
-    const Date from = required(arguments, "from", calendar.timeZone());
-    const Date to = required(arguments, "to", calendar.timeZone());
-    EKEventStore store(context.database());
-
-    QElapsedTimer timer;
-    timer.start();
-    if (!store.requestFullAccessToEvents())
-        throw CommandError(QStringLiteral("the calendars cannot be read"));
-    // The first question is what makes the store read.
-    [[maybe_unused]] const auto calendars = store.calendarsForEntityType(EKEntityType::Event);
-    const auto loaded = timer.nsecsElapsed() / 1000;
-    timer.restart();
-    const auto events = store.eventsMatchingPredicate(EKEventStore::predicateForEvents(from, to, std::nullopt));
-    const auto queried = timer.nsecsElapsed() / 1000;
-
-    if (arguments.isSet(QStringLiteral("count")))
-        printLine(QString::number(events.size()));
-    else
-        std::ranges::for_each(events, [&](const EKEvent &event) { print(event, calendar, arguments); });
-    if (arguments.isSet(QStringLiteral("timing")))
-        std::fprintf(
-            stderr, "load_us %lld\nquery_us %lld\n", static_cast<long long>(loaded), static_cast<long long>(queried));
-    return 0;
+    const TimeZone timeZone = environment.timeZone();
+    return EKEventStore::predicateForEvents(
+        moment(arguments, "from", timeZone), moment(arguments, "to", timeZone), std::nullopt);
 }
 
 } // namespace mintaro

@@ -1,17 +1,19 @@
 #pragma once
 
-#include "CommandLine/Command.h"
+#include "CommandLine/OccurrenceListCommand.h"
 
 namespace mintaro {
 
-/// All occurrences that overlap a range, straight from the store's query.
-class OccurrencesCommand final : public Command
+/// All occurrences that overlap a range.
+class OccurrencesCommand final : public OccurrenceListCommand
 {
 public:
     [[nodiscard]] QString name() const override { return QStringLiteral("occurrences"); }
     [[nodiscard]] QString summary() const override;
-    void addOptions(QCommandLineParser &parser) const override;
-    [[nodiscard]] int run(const QCommandLineParser &arguments) override;
+
+protected:
+    [[nodiscard]] EKEventPredicate predicate(
+        const QCommandLineParser &arguments, const Environment &environment) const override;
 };
 
 } // namespace mintaro

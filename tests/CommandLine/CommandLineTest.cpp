@@ -174,6 +174,63 @@ TEST_F(OccurrencesTest, AsTheirNumber)
     EXPECT_THAT(answer.complaint.toStdString(), testing::MatchesRegex("load_us [0-9]+\nquery_us [0-9]+\n"));
 }
 
+class SearchTest : public CommandLineTest
+{
+protected:
+    Answer search(const QStringList &arguments)
+    {
+        return ask(storeOf("BEGIN:VEVENT\nUID:a\nSUMMARY:Trip\nDTSTART:20250209T090000Z\nEND:VEVENT\n"
+                           "BEGIN:VEVENT\nUID:b\nSUMMARY:Talk\nDESCRIPTION:about the trip\nDTSTART:20260310T090000Z\n"
+                           "DTEND:20260310T100000Z\nRRULE:FREQ=DAILY;COUNT=2\nEND:VEVENT\n"
+                           "BEGIN:VEVENT\nUID:c\nSUMMARY:Walk\nDTSTART:20260310T100000Z\nEND:VEVENT\n"
+                           "BEGIN:VEVENT\nUID:d\nSUMMARY:Round trip\nDTSTART;VALUE=DATE:20270310\nEND:VEVENT\n")
+            + QStringList { u"--now"_qs, u"2026-03-09T12:00"_qs, u"search"_qs } + arguments);
+    }
+};
+
+TEST_F(SearchTest, CoversAYearEachWayUnlessToldOtherwise)
+{
+    const struct
+    {
+        QStringList arguments;
+        const char *count;
+    } rows[] = {
+        { { u"TRIP"_qs }, "2\n" },
+        { { u"trip"_qs, u"--from"_qs, u"2025-02-01"_qs }, "3\n" },
+        { { u"trip"_qs, u"--to=2027-04-01"_qs }, "3\n" },
+        { { u"--from"_qs, u"20250201T000000Z"_qs, u"trip"_qs, u"--to=2027-04-01"_qs }, "4\n" },
+        { { u"about"_qs, u"the"_qs, u"trip"_qs }, "2\n" },
+        { { u" walk "_qs }, "1\n" },
+        { { u"search"_qs }, "0\n" },
+        { { u"--"_qs, u"--count"_qs }, "0\n" },
+    };
+    for (const auto &row : rows) {
+        const Answer answer = search(QStringList { u"--count"_qs } + row.arguments);
+        EXPECT_EQ(answer.output, QLatin1String(row.count)) << row.arguments.join(u' ').toStdString();
+        EXPECT_EQ(answer.status, 0) << answer.complaint.toStdString();
+    }
+}
+
+TEST_F(SearchTest, PrintsAsOccurrencesDoes)
+{
+    const auto lines = ElementsAre(
+        u"b\t20260310T090000Z\t20260310T100000Z\tTalk"_qs, u"b\t20260311T090000Z\t20260311T100000Z\tTalk"_qs);
+    EXPECT_THAT(search({ u"trip"_qs, u"--tsv"_qs }).lines(), lines);
+    EXPECT_THAT(search({ u"trip"_qs, u"--tsv"_qs }).lines(), lines) << "from what the run before parsed";
+    const Answer walk = search({ u"walk"_qs, u"--json"_qs, u"--timing"_qs });
+    EXPECT_EQ(walk.object()[QLatin1String("uid")].toString(), u"c"_qs);
+    EXPECT_THAT(walk.complaint.toStdString(), testing::MatchesRegex("load_us [0-9]+\nquery_us [0-9]+\n"));
+}
+
+TEST_F(SearchTest, LeavesOutWhatTheUserDeclined)
+{
+    writeSample();
+    const QStringList day { u"--from=2026-11-01"_qs, u"--to=2026-12-31"_qs, u"--tsv"_qs };
+    EXPECT_TRUE(ask(then({ u"occurrences"_qs }) + day).output.contains(u"\tVendor demo"_qs));
+    EXPECT_EQ(ask(then({ u"search"_qs, u"vendor demo"_qs }) + day).output, QString());
+    EXPECT_NE(ask(then({ u"search"_qs, u"design review"_qs }) + day).output, QString());
+}
+
 TEST_F(CommandLineTest, LinksAnswersLineByLine)
 {
     const Answer answer = ask({ u"links"_qs, u"--json-lines"_qs, u"--timing"_qs },
@@ -222,6 +279,9 @@ INSTANTIATE_TEST_SUITE_P(Rows, WrongCallTest,
         WrongCase { "NoZone", { u"next"_qs, u"--time-zone"_qs, u"Mars"_qs }, "Mars" },
         WrongCase { "NoMoment", { u"next"_qs, u"--now"_qs, u"noon"_qs }, "noon" },
         WrongCase { "NoRange", { u"occurrences"_qs, u"--from"_qs, u"20260301"_qs }, "--to" },
+        WrongCase { "NoText", { u"search"_qs }, "which text" },
+        WrongCase { "BlankText", { u"search"_qs, u" "_qs }, "which text" },
+        WrongCase { "NoMomentOfSearch", { u"search"_qs, u"a"_qs, u"--to"_qs, u"soon"_qs }, "--to" },
         WrongCase { "NoFormat", { u"status"_qs, u"--format"_qs, u"xml"_qs }, "waybar" },
         WrongCase { "NoObject", { u"links"_qs, u"--json-lines"_qs }, "[1,", "[1,\n" }),
     kRowName);
