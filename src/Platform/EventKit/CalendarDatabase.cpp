@@ -13,6 +13,8 @@ namespace {
 
 /// For all the rules of a query together: about a second's work.
 constexpr std::int64_t kStepsPerQuery = 50'000'000;
+/// Who follows the store is likely to page on by a month or two.
+constexpr days kMargin { 62 };
 
 bool isWanted(const std::optional<std::vector<QString>> &identifiers, const QString &identifier)
 {
@@ -69,7 +71,12 @@ CalendarDatabase::CalendarDatabase(std::unique_ptr<StoreBackend> backend, std::u
         [this] { m_notifications.post(QLatin1String(kEKEventStoreChangedNotification)); });
 }
 
-CalendarDatabase::~CalendarDatabase() = default;
+CalendarDatabase::~CalendarDatabase()
+{
+    // Nobody tells of changes any more; then, as of a large store even this takes its time:
+    m_backend.reset();
+    forEachInParallel(m_collections.size(), [this](std::size_t i) { m_collections[i].reset(); });
+}
 
 void CalendarDatabase::follow()
 {
@@ -120,7 +127,7 @@ std::vector<EKEvent> CalendarDatabase::events(const EKEventPredicate &predicate)
     if (predicate.text)
         text.emplace(*predicate.text, m_environment.locale());
     const CollectionContents::Query query { predicate.start, predicate.end, m_environment.timeZone(),
-        text ? &*text : nullptr };
+        m_isFollowing ? kMargin : days { 0 }, text ? &*text : nullptr };
     ExpansionBudget budget { kStepsPerQuery };
     std::vector<FoundOccurrence> found;
     for (std::size_t i = 0; i < m_collections.size(); ++i) {

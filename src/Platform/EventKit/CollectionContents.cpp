@@ -8,8 +8,6 @@ using namespace std::chrono;
 
 namespace {
 
-/// How far a window is made wider than the query, so that paging by a month or two needs no new one.
-constexpr days kMargin { 62 };
 constexpr std::size_t kKeptWindows = 3;
 /// A reading and its moment are less than this apart in any zone.
 constexpr seconds kZoneReach = days { 2 };
@@ -209,7 +207,8 @@ const CollectionContents::Occurrences &CollectionContents::expanded(
         std::rotate(m_windows.begin(), known, known + 1);
         return m_windows.front().occurrences;
     }
-    const ExpansionWindow window { floor<seconds>(query.begin) - kMargin, ceil<seconds>(query.end) + kMargin };
+    const ExpansionWindow window { floor<seconds>(query.begin) - query.margin,
+        ceil<seconds>(query.end) + query.margin };
     std::vector<Occurrence> all;
     for (const Series &each : m_series)
         expand(each, window, budget, refused, all);

@@ -35,6 +35,8 @@ public:
         Date end;
         /// Gives all-day and floating readings their moments.
         TimeZone viewer;
+        /// How much is expanded on each side besides, for later queries nearby.
+        std::chrono::days margin { 0 };
         /// Only events whose title, location or notes it finds; null for all.
         const TextMatcher *text = nullptr;
     };
@@ -57,7 +59,11 @@ public:
         return const_cast<StoredObject *>(std::as_const(*this).object(name));
     }
     /// After these, and before anything else, comes rebuild.
-    void set(const QString &name, StoredObject object) { m_objects.insert_or_assign(name, std::move(object)); }
+    void set(const QString &name, StoredObject object)
+    {
+        // Mostly they come in the order of their names.
+        m_objects.insert_or_assign(m_objects.end(), name, std::move(object));
+    }
     void remove(const QString &name) { m_objects.erase(name); }
     /// Makes the indices anew. `duplicate` is told of objects that repeat the UID of an earlier one.
     void rebuild(const Report &duplicate);

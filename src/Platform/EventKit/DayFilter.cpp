@@ -62,10 +62,9 @@ void DayFilter::deriveFrom(year_month_day start)
         m_months.push_back(static_cast<int>(static_cast<unsigned>(start.month())));
 }
 
-bool DayFilter::matches(local_days day) const
+bool DayFilter::matches(local_days day, year_month_day civil) const
 {
-    const year_month_day civil { day };
-    if (!m_months.empty() && !contains(m_months, static_cast<int>(static_cast<unsigned>(civil.month()))))
+    if (!takesMonth(civil.month()))
         return false;
     if (!m_monthDays.empty()) {
         const year_month_day_last end { civil.year(), month_day_last { civil.month() } };
@@ -82,21 +81,26 @@ bool DayFilter::matches(local_days day) const
     return matchesWeekday(day, civil) && (m_weekNumbers.empty() || matchesWeekNumber(day));
 }
 
+bool DayFilter::takesMonth(month month) const
+{
+    return m_months.empty() || contains(m_months, static_cast<int>(static_cast<unsigned>(month)));
+}
+
 bool DayFilter::matchesWeekday(local_days day, year_month_day civil) const
 {
     if (m_weekdays.empty())
         return true;
+    const weekday own { day };
+    if (m_ordinals == Ordinals::None)
+        return std::any_of(m_weekdays.begin(), m_weekdays.end(), [own](const auto &each) { return each.day == own; });
     const bool inYear = m_ordinals == Ordinals::OfYear;
     const local_days first = inYear ? newYear(civil.year()) : local_days { civil.year() / civil.month() / 1 };
     const local_days last = inYear ? newYear(civil.year() + years { 1 }) - days { 1 }
                                    : local_days { civil.year() / civil.month() / std::chrono::last };
     const int fromStart = daysBetween(first, day) / 7 + 1;
     const int fromEnd = -(daysBetween(day, last) / 7 + 1);
-    const weekday own { day };
     return std::any_of(m_weekdays.begin(), m_weekdays.end(), [&](const auto &each) {
-        return each.day == own
-            && (m_ordinals == Ordinals::None || each.ordinal == 0 || each.ordinal == fromStart
-                || each.ordinal == fromEnd);
+        return each.day == own && (each.ordinal == 0 || each.ordinal == fromStart || each.ordinal == fromEnd);
     });
 }
 

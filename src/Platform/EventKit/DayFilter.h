@@ -11,7 +11,10 @@ class DayFilter
 public:
     DayFilter(const RecurrenceRule &rule, std::chrono::local_days start);
 
-    [[nodiscard]] bool matches(std::chrono::local_days day) const;
+    /// `civil` is the same day.
+    [[nodiscard]] bool matches(std::chrono::local_days day, std::chrono::year_month_day civil) const;
+    /// False where no day of such a month matches.
+    [[nodiscard]] bool takesMonth(std::chrono::month month) const;
 
 private:
     void deriveFrom(std::chrono::year_month_day start);

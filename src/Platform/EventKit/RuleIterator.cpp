@@ -186,6 +186,14 @@ void RuleIterator::addUnits(local_days day)
     }
 }
 
+void RuleIterator::addDay(local_days day)
+{
+    if (isSubDaily())
+        addUnits(day);
+    else
+        m_bases.push_back(day);
+}
+
 bool RuleIterator::advance()
 {
     const Span current = span(++m_period);
@@ -196,12 +204,11 @@ bool RuleIterator::advance()
     for (local_days day = current.begin; day < current.end; day += days { 1 }) {
         if (!m_budget.spend())
             return false;
-        if (!m_filter.matches(day))
-            continue;
-        if (isSubDaily())
-            addUnits(day);
-        else
-            m_bases.push_back(day);
+        const year_month_day civil { day };
+        if (!m_filter.takesMonth(civil.month()))
+            day = local_days { civil.year() / civil.month() / last };
+        else if (m_filter.matches(day, civil))
+            addDay(day);
     }
     m_size = m_bases.size() * m_offsets.size();
     if (!isSubDaily() && !m_rule.bySetPosition.empty()) {

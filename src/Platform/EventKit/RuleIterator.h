@@ -49,6 +49,7 @@ private:
     [[nodiscard]] Span span(std::int64_t period) const;
     [[nodiscard]] std::int64_t periodOf(std::chrono::local_days day) const;
     [[nodiscard]] bool advance();
+    void addDay(std::chrono::local_days day);
     void addUnits(std::chrono::local_days day);
     [[nodiscard]] std::chrono::seconds refusingUnit(std::chrono::seconds timeOfDay) const;
     [[nodiscard]] LocalTime element(std::size_t index) const;

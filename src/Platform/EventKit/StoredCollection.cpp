@@ -50,44 +50,51 @@ bool StoredCollection::differs(const QStringList &names) const
     });
 }
 
-/// The states of these objects or of all; what is gone is dropped.
-std::vector<ObjectState> StoredCollection::presentStates(const QStringList &names)
+std::vector<ObjectState> StoredCollection::examine(const QStringList &names)
 {
-    std::vector<ObjectState> present;
-    QStringList gone;
-    if (names.isEmpty()) {
-        present = m_backend.objects(m_info.identifier);
-        if (!std::exchange(m_isLoaded, true))
-            loadIndex(present);
-        QSet<QStringView> presentNames;
-        presentNames.reserve(static_cast<qsizetype>(present.size()));
-        for (const ObjectState &state : present)
-            presentNames.insert(state.name);
-        for (const auto &[name, object] : m_contents.objects()) {
-            if (!presentNames.contains(name))
-                gone.append(name);
-        }
-    }
+    if (names.isEmpty())
+        return examineAll();
+    std::vector<ObjectState> changed;
     for (const QString &name : names) {
-        if (auto state = m_backend.object(m_info.identifier, name))
-            present.push_back(std::move(*state));
-        else if (m_contents.object(name))
+        std::optional<ObjectState> state = m_backend.object(m_info.identifier, name);
+        if (!state && m_contents.object(name))
+            drop(name);
+        else if (state && !isHeld(*state))
+            changed.push_back(std::move(*state));
+    }
+    return changed;
+}
+
+std::vector<ObjectState> StoredCollection::examineAll()
+{
+    std::vector<ObjectState> present = m_backend.objects(m_info.identifier);
+    if (!std::exchange(m_isLoaded, true))
+        return takeFromIndex(std::move(present));
+    QSet<QStringView> presentNames;
+    for (const ObjectState &state : present)
+        presentNames.insert(state.name);
+    QStringList gone;
+    for (const auto &[name, object] : m_contents.objects()) {
+        if (!presentNames.contains(name))
             gone.append(name);
     }
     for (const QString &name : gone)
-        m_contents.remove(name);
-    m_gone += gone;
+        drop(name);
+    std::erase_if(present, [this](const ObjectState &state) { return isHeld(state); });
     return present;
 }
 
-std::vector<ObjectState> StoredCollection::examine(const QStringList &names)
+/// Whether this state is the one that is held.
+bool StoredCollection::isHeld(const ObjectState &state) const
 {
-    std::vector<ObjectState> changed = presentStates(names);
-    std::erase_if(changed, [this](const ObjectState &state) {
-        const StoredObject *held = m_contents.object(state.name);
-        return held && held->revision == state.revision;
-    });
-    return changed;
+    const StoredObject *held = m_contents.object(state.name);
+    return held && held->revision == state.revision;
+}
+
+void StoredCollection::drop(const QString &name)
+{
+    m_contents.remove(name);
+    m_gone.append(name);
 }
 
 std::optional<CalendarObject> StoredCollection::parse(const QString &name) const
@@ -126,25 +133,33 @@ void StoredCollection::finish()
         m_calendar = std::make_shared<const EKCalendar>(std::move(calendar));
 }
 
-/// Takes over what the index knows of the present states.
-void StoredCollection::loadIndex(const std::vector<ObjectState> &present)
+/// Takes over what the index knows of the present states; the result is the rest of them.
+std::vector<ObjectState> StoredCollection::takeFromIndex(std::vector<ObjectState> present)
 {
     if (!m_index)
-        return;
-    QHash<QStringView, const ObjectRevision *> revisions;
-    revisions.reserve(static_cast<qsizetype>(present.size()));
-    for (const ObjectState &state : present)
-        revisions.insert(state.name, &state.revision);
+        return present;
+    QHash<QStringView, ObjectState *> states;
+    states.reserve(static_cast<qsizetype>(present.size()));
+    for (ObjectState &state : present)
+        states.insert(state.name, &state);
+    std::vector<bool> isTaken(present.size());
     for (CalendarIndex::Entry &each : m_index->load(m_info.identifier, stamp())) {
-        const ObjectRevision *revision = revisions.value(each.name);
-        if (!revision)
+        const ObjectState *state = states.value(each.name);
+        if (!state)
             m_gone.append(each.name);
-        if (!revision || each.object.revision != *revision)
+        if (!state || each.object.revision != state->revision)
             continue;
         if (!each.object.schedule.complaint.isEmpty())
             complain(each.name, each.object.schedule.complaint);
-        m_contents.set(each.name, std::move(each.object));
+        m_contents.set(state->name, std::move(each.object));
+        isTaken[static_cast<std::size_t>(state - present.data())] = true;
     }
+    std::vector<ObjectState> rest;
+    for (std::size_t i = 0; i < present.size(); ++i) {
+        if (!isTaken[i])
+            rest.push_back(std::move(present[i]));
+    }
+    return rest;
 }
 
 void StoredCollection::writeIndex()

@@ -39,9 +39,11 @@ public:
 private:
     [[nodiscard]] ObjectDetails loadDetails(const QString &name, const StoredObject &object) override;
     bool visitTexts(const StoredObject &object, const TextVisitor &visit) override;
-    [[nodiscard]] std::vector<ObjectState> presentStates(const QStringList &names);
+    [[nodiscard]] std::vector<ObjectState> examineAll();
+    [[nodiscard]] bool isHeld(const ObjectState &state) const;
+    void drop(const QString &name);
     [[nodiscard]] QString stamp() const { return m_info.userAddresses.join(u' '); }
-    void loadIndex(const std::vector<ObjectState> &present);
+    [[nodiscard]] std::vector<ObjectState> takeFromIndex(std::vector<ObjectState> present);
     void writeIndex();
 
     StoreBackend &m_backend;

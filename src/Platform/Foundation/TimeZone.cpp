@@ -16,9 +16,10 @@ using std::chrono::sys_seconds;
 
 namespace {
 
-// Between these years offsets come from a table that is searched in a few steps; outside them QTimeZone is asked.
+// Between these years offsets come from a table, in a step or two; outside them QTimeZone is asked.
 constexpr sys_seconds kTableBegin = std::chrono::sys_days { std::chrono::year { 1900 } / 1 / 1 };
 constexpr sys_seconds kTableEnd = std::chrono::sys_days { std::chrono::year { 2100 } / 1 / 1 };
+constexpr seconds kSpan = std::chrono::days { 64 };
 
 QDateTime toQDateTime(sys_seconds at)
 {
@@ -45,10 +46,13 @@ struct TimeZone::Rules
     QString identifier;
     seconds initialOffset { 0 };
     std::vector<Transition> transitions;
+    /// For each span of kSpan from kTableBegin on, how many transitions are before it: where a search begins.
+    std::vector<std::uint32_t> transitionsBefore;
     /// Absent for UTC and for zones with rules of their own: the table is all there is.
     std::optional<QTimeZone> source;
 
     static std::shared_ptr<const Rules> read(const QTimeZone &zone);
+    void setTransitions(std::vector<Transition> ascending);
     [[nodiscard]] seconds offset(sys_seconds at) const;
 };
 
@@ -57,19 +61,36 @@ std::shared_ptr<const TimeZone::Rules> TimeZone::Rules::read(const QTimeZone &zo
     auto rules = std::make_shared<Rules>();
     rules->identifier = QString::fromLatin1(zone.id());
     rules->initialOffset = seconds { zone.offsetFromUtc(toQDateTime(kTableBegin)) };
+    std::vector<Transition> transitions;
     for (const auto &each : zone.transitions(toQDateTime(kTableBegin), toQDateTime(kTableEnd)))
-        rules->transitions.push_back(
+        transitions.push_back(
             { sys_seconds { seconds { each.atUtc.toSecsSinceEpoch() } }, seconds { each.offsetFromUtc } });
+    rules->setTransitions(std::move(transitions));
     rules->source = zone;
     return rules;
 }
 
+void TimeZone::Rules::setTransitions(std::vector<Transition> ascending)
+{
+    transitions = std::move(ascending);
+    auto next = transitions.begin();
+    for (sys_seconds at = kTableBegin; !transitions.empty() && at < kTableEnd; at += kSpan) {
+        next = std::find_if(next, transitions.end(), [at](const Transition &each) { return each.at >= at; });
+        transitionsBefore.push_back(static_cast<std::uint32_t>(next - transitions.begin()));
+    }
+}
+
 seconds TimeZone::Rules::offset(sys_seconds at) const
 {
-    if (source && (at < kTableBegin || at >= kTableEnd))
+    const bool isInTable = at >= kTableBegin && at < kTableEnd;
+    if (source && !isInTable)
         return seconds { source->offsetFromUtc(toQDateTime(at)) };
-    const auto next = std::upper_bound(transitions.begin(), transitions.end(), at,
-        [](sys_seconds moment, const Transition &transition) { return moment < transition.at; });
+    if (transitions.empty())
+        return initialOffset;
+    const auto span = static_cast<std::size_t>(isInTable ? (at - kTableBegin) / kSpan : 0);
+    auto next = transitions.begin() + (isInTable ? transitionsBefore[span] : 0);
+    while (next != transitions.end() && next->at <= at)
+        ++next;
     return next == transitions.begin() ? initialOffset : std::prev(next)->offset;
 }
 
@@ -113,7 +134,7 @@ TimeZone TimeZone::custom(const QString &identifier, seconds initialOffset, std:
     auto rules = std::make_shared<Rules>();
     rules->identifier = identifier;
     rules->initialOffset = initialOffset;
-    rules->transitions = std::move(transitions);
+    rules->setTransitions(std::move(transitions));
     return TimeZone(rules);
 }
 
@@ -166,6 +187,8 @@ sys_seconds TimeZone::toInstant(LocalTime reading) const
     // No zone changes its offset twice within two days, so these two are the offsets on both sides of a change nearby.
     const seconds before = m_rules->offset(asUtc - hours { 24 });
     const seconds after = m_rules->offset(asUtc + hours { 24 });
+    if (before == after)
+        return asUtc - before;
     const bool beforeHolds = m_rules->offset(asUtc - before) == before;
     const bool afterHolds = m_rules->offset(asUtc - after) == after;
     if (beforeHolds && afterHolds)

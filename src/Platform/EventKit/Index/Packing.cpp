@@ -4,6 +4,19 @@
 
 namespace mintaro {
 
+namespace {
+
+/// TimeZone::named, quick for the zone that was asked for last: mostly it is the same again.
+const std::optional<TimeZone> &zoneNamed(QStringView identifier)
+{
+    thread_local std::optional<TimeZone> last;
+    if (!last || last->identifier() != identifier)
+        last = TimeZone::named(identifier.toString());
+    return last;
+}
+
+} // namespace
+
 void PackWriter::put(const TimeZone &zone)
 {
     const auto known = std::find(m_zones.begin(), m_zones.end(), zone);
@@ -26,17 +39,17 @@ void PackWriter::put(const TimeZone &zone)
 
 void PackReader::get(TimeZone &zone)
 {
-    std::size_t number = 0;
+    qsizetype number = 0;
     get(number);
-    if (number < m_zones.size()) {
+    if (number >= 0 && number < m_zones.size()) {
         zone = m_zones[number];
         return;
     }
-    QString identifier;
+    const QStringView identifier = text();
     bool isNamed = false;
-    (*this)(identifier, isNamed);
+    get(isNamed);
     if (isNamed) {
-        const auto named = TimeZone::named(identifier);
+        const std::optional<TimeZone> &named = zoneNamed(identifier);
         m_failed = m_failed || !named;
         zone = named.value_or(TimeZone());
     } else {
@@ -48,7 +61,7 @@ void PackReader::get(TimeZone &zone)
             TimeZone::Transition &each = transitions.emplace_back();
             (*this)(each.at, each.offset);
         }
-        zone = TimeZone::custom(identifier, initialOffset, std::move(transitions));
+        zone = TimeZone::custom(identifier.toString(), initialOffset, std::move(transitions));
     }
     m_zones.push_back(zone);
 }

@@ -4,6 +4,7 @@
 
 #include <QByteArray>
 #include <QString>
+#include <QVarLengthArray>
 
 #include <concepts>
 #include <cstdint>
@@ -221,7 +222,7 @@ private:
     const QByteArrayView m_bytes;
     qsizetype m_at = 0;
     bool m_failed = false;
-    std::vector<TimeZone> m_zones;
+    QVarLengthArray<TimeZone, 2> m_zones;
 };
 
 } // namespace mintaro
