@@ -46,25 +46,22 @@ void SearchViewModel::setSearchText(const QString &text)
 QCoro::Task<> SearchViewModel::search()
 {
     const QPointer<SearchViewModel> self(this);
-    const int number = ++m_lastSearch;
     const QString text = query(m_searchText);
     if (text.isEmpty()) {
         setResults({});
         co_return;
     }
-    setSearchesUnderWay(m_searchesUnderWay + 1);
+    setIsSearching(true);
     const DateInterval dates = range(m_environment);
     auto fetched = co_await m_eventStore.searchEvents(text, dates.start, dates.end);
     if (!self)
         co_return;
-    if (number == m_lastSearch) {
-        std::vector<CalendarEvent> results;
-        results.reserve(fetched.size());
-        for (FetchedEvent &each : fetched)
-            results.push_back(CalendarEvent::fromEvent(each.event, std::move(each.meetingInfo)));
-        setResults(std::move(results));
-    }
-    setSearchesUnderWay(m_searchesUnderWay - 1);
+    std::vector<CalendarEvent> results;
+    results.reserve(fetched.size());
+    for (FetchedEvent &each : fetched)
+        results.push_back(CalendarEvent::fromEvent(each.event, std::move(each.meetingInfo)));
+    setResults(std::move(results));
+    setIsSearching(false);
 }
 
 void SearchViewModel::clear()
@@ -81,11 +78,9 @@ void SearchViewModel::setResults(std::vector<CalendarEvent> results)
         Q_EMIT resultsChanged();
 }
 
-void SearchViewModel::setSearchesUnderWay(int count)
+void SearchViewModel::setIsSearching(bool isSearching)
 {
-    const bool wasSearching = isSearching();
-    m_searchesUnderWay = count;
-    if (isSearching() != wasSearching)
+    if (std::exchange(m_isSearching, isSearching) != isSearching)
         Q_EMIT isSearchingChanged();
 }
 

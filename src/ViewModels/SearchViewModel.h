@@ -24,10 +24,11 @@ public:
     void setSearchText(const QString &text);
     /// In the store's order, each occurrence by itself.
     [[nodiscard]] const std::vector<CalendarEvent> &results() const { return m_results; }
-    [[nodiscard]] bool isSearching() const { return m_searchesUnderWay > 0; }
+    [[nodiscard]] bool isSearching() const { return m_isSearching; }
 
     /// Replaces the results by the events of every calendar in range() that contain query() of the search text; by none
-    /// where that is empty. A later call supersedes the earlier ones, whose results are dropped.
+    /// where that is empty. Of searches that overlap the last to finish decides the results, and the first ends
+    /// isSearching.
     QCoro::Task<> search();
     /// Empties search text and results. A search under way goes on.
     void clear();
@@ -44,15 +45,13 @@ Q_SIGNALS:
 
 private:
     void setResults(std::vector<CalendarEvent> results);
-    void setSearchesUnderWay(int count);
+    void setIsSearching(bool isSearching);
 
     EventStoreService &m_eventStore;
     const Environment &m_environment;
     QString m_searchText;
     std::vector<CalendarEvent> m_results;
-    int m_searchesUnderWay = 0;
-    /// Counts the calls of search().
-    int m_lastSearch = 0;
+    bool m_isSearching = false;
 };
 
 } // namespace mintaro
