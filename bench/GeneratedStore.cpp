@@ -26,14 +26,17 @@ constexpr std::array kRules { "FREQ=WEEKLY", "FREQ=WEEKLY;BYDAY=MO,WE,FR", "FREQ
     "FREQ=WEEKLY;COUNT=30", "FREQ=DAILY;COUNT=20", "FREQ=DAILY;BYDAY=MO,TU,WE,TH,FR;UNTIL=20270331T220000Z",
     "FREQ=MONTHLY;BYDAY=2TU", "FREQ=MONTHLY;BYMONTHDAY=-1", "FREQ=YEARLY", "FREQ=YEARLY" };
 
+enum class Kind { Once, Repeating, Past };
+
 /// Items in the order of their making; the engine's raw output is the same with every standard library.
 class ItemWriter
 {
 public:
-    QByteArray next(int number)
+    QByteArray next(int number, Kind kind)
     {
         const bool isAllDay = pick(10) == 0;
-        const local_days day = local_days { 2024y / January / 1 } + days { pick(4 * 365) };
+        const local_days first { kind == Kind::Past ? 2010y / January / 1 : 2024y / January / 1 };
+        const local_days day = first + days { pick(4 * 365) };
         QByteArray text = "BEGIN:VCALENDAR\r\nVERSION:2.0\r\nPRODID:-//Velmora//Mintaro benchmarks//EN\r\n";
         if (!isAllDay)
             text += kZone;
@@ -43,7 +46,7 @@ public:
         else
             text += "DTSTART;TZID=Europe/Rome:" + digits(day) + 'T' + QByteArray::number(10 + pick(10))
                 + "3000\r\nDURATION:PT45M\r\n";
-        if (number % 10 == 0)
+        if (kind == Kind::Repeating)
             text += QByteArray("RRULE:") + kRules[static_cast<std::size_t>(pick(static_cast<int>(kRules.size())))]
                 + "\r\n";
         text += "SUMMARY:Item " + QByteArray::number(number) + " of the generated store\r\nLOCATION:Room "
@@ -75,18 +78,28 @@ void writeFile(const QString &path, const QByteArray &text)
 
 } // namespace
 
-GeneratedStore::GeneratedStore()
+GeneratedStore::GeneratedStore(int items, int past)
+    : m_items(items + past)
 {
+    constexpr int kCollections = 20;
     ItemWriter writer;
-    for (int collection = 0; collection < kCollections; ++collection) {
-        const QString folder = root() + QStringLiteral("/calendar-%1").arg(collection);
-        if (!QDir().mkpath(folder))
+    for (int number = 0; number < m_items; ++number) {
+        const QString folder = root() + QStringLiteral("/calendar-%1").arg(number % kCollections);
+        if (number < kCollections && !QDir().mkpath(folder))
             throw std::runtime_error("cannot make " + folder.toStdString());
-        for (int item = 0; item < kItemsPerCollection; ++item) {
-            const int number = collection * kItemsPerCollection + item;
-            writeFile(QStringLiteral("%1/%2.ics").arg(folder).arg(number), writer.next(number));
-        }
+        const bool repeats = number / kCollections % 10 == 0;
+        const QByteArray text = writer.next(number,
+            number >= items ? Kind::Past
+                : repeats   ? Kind::Repeating
+                            : Kind::Once);
+        writeFile(QStringLiteral("%1/%2.ics").arg(folder).arg(number), text);
+        m_bytes += text.size();
     }
+}
+
+QString GeneratedStore::newCache()
+{
+    return m_folder.filePath(QStringLiteral("cache-%1").arg(++m_caches));
 }
 
 } // namespace mintaro::bench

@@ -1,7 +1,7 @@
 #include "bench/LibicalBaseline.h"
 
-#include <QDirIterator>
-#include <QFile>
+#include <fstream>
+#include <string>
 
 #include <libical/ical.h>
 
@@ -9,16 +9,30 @@ namespace mintaro::bench {
 
 namespace {
 
-std::int64_t secondsOf(icaltimetype time)
+namespace fs = std::filesystem;
+
+icaltimezone *zoneOf(icalproperty *property)
 {
-    return icaltime_as_timet_with_zone(time, time.zone ? time.zone : icaltimezone_get_utc_timezone());
+    icalparameter *parameter = icalproperty_get_first_parameter(property, ICAL_TZID_PARAMETER);
+    icaltimezone *zone = parameter ? icaltimezone_get_builtin_timezone(icalparameter_get_tzid(parameter)) : nullptr;
+    return zone ? zone : icaltimezone_get_utc_timezone();
+}
+
+std::int64_t lengthOf(icalcomponent *event, icaltimetype start)
+{
+    if (icalproperty *duration = icalcomponent_get_first_property(event, ICAL_DURATION_PROPERTY))
+        return icaldurationtype_as_int(icalproperty_get_duration(duration));
+    return start.is_date != 0 ? 86'400 : 0;
 }
 
 /// Walks the first rule of an event from its start, as a program does that knows nothing better.
 std::int64_t countOf(icalcomponent *event, std::int64_t begin, std::int64_t end)
 {
-    const icaltimetype start = icalcomponent_get_dtstart(event);
-    const std::int64_t length = secondsOf(icalcomponent_get_dtend(event)) - secondsOf(start);
+    icalproperty *property = icalcomponent_get_first_property(event, ICAL_DTSTART_PROPERTY);
+    const icaltimetype start = icalproperty_get_dtstart(property);
+    icaltimezone *const zone = zoneOf(property);
+    const std::int64_t length = lengthOf(event, start);
+    const auto secondsOf = [zone](icaltimetype time) { return icaltime_as_timet_with_zone(time, zone); };
     const auto overlaps = [&](std::int64_t at) { return at < end && at + length > begin; };
     icalproperty *rule = icalcomponent_get_first_property(event, ICAL_RRULE_PROPERTY);
     if (!rule)
@@ -34,14 +48,15 @@ std::int64_t countOf(icalcomponent *event, std::int64_t begin, std::int64_t end)
 
 } // namespace
 
-LibicalBaseline::LibicalBaseline(const QString &root)
+LibicalBaseline::LibicalBaseline(const fs::path &root)
 {
-    QDirIterator files(root, { QStringLiteral("*.ics") }, QDir::Files, QDirIterator::Subdirectories);
-    while (files.hasNext()) {
-        QFile file(files.next());
-        if (!file.open(QIODevice::ReadOnly))
+    for (const fs::directory_entry &entry : fs::recursive_directory_iterator(root)) {
+        if (entry.path().extension() != ".ics")
             continue;
-        if (icalcomponent *component = icalparser_parse_string(file.readAll().constData()))
+        std::ifstream file(entry.path(), std::ios::binary);
+        std::string text(entry.file_size(), '\0');
+        file.read(text.data(), static_cast<std::streamsize>(text.size()));
+        if (icalcomponent *component = icalparser_parse_string(text.c_str()))
             m_components.push_back(component);
     }
 }

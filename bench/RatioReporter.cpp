@@ -19,8 +19,8 @@ void RatioReporter::ReportRuns(const std::vector<Run> &runs)
         if (run.error_occurred || run.run_type != Run::RT_Aggregate)
             continue;
         Result &result = m_results[run.run_name.function_name];
-        // Times are sums over the repetitions; the coefficient of variation is none.
-        if (run.aggregate_name == "mean")
+        // Times are sums over the iterations; the coefficient of variation is none.
+        if (run.aggregate_name == "median")
             result.milliseconds = 1e3 * run.real_accumulated_time / static_cast<double>(run.iterations);
         else if (run.aggregate_name == "cv")
             result.noise = 100 * run.real_accumulated_time;
@@ -36,13 +36,13 @@ void RatioReporter::Finalize()
         std::snprintf(text.data(), text.size(), columns...);
         out << text.data() << '\n';
     };
-    line("\n%-14s %10s %7s   %-22s %10s %7s %8s", "", "ms", "noise", "against", "ms", "noise", "ratio");
+    line("\n%-24s %10s %7s   %-24s %10s %7s %8s", "", "ms", "noise", "against", "ms", "noise", "ratio");
     for (const auto &[name, baseline] : m_baselines) {
         const auto own = m_results.find(name);
         const auto base = m_results.find(baseline);
         if (own == m_results.end() || base == m_results.end())
             continue;
-        line("%-14s %10.3f %6.1f%%   %-22s %10.3f %6.1f%% %9.5f", name.c_str(), own->second.milliseconds,
+        line("%-24s %10.3f %6.1f%%   %-24s %10.3f %6.1f%% %9.5f", name.c_str(), own->second.milliseconds,
             own->second.noise, baseline.c_str(), base->second.milliseconds, base->second.noise,
             own->second.milliseconds / base->second.milliseconds);
     }

@@ -4,7 +4,9 @@
 #include "Views/Main/MenuBarLabel.h"
 #include "bench/GeneratedStore.h"
 #include "bench/LibicalBaseline.h"
+#include "bench/Process.h"
 #include "bench/RatioReporter.h"
+#include "bench/Window.h"
 
 #include <benchmark/benchmark.h>
 
@@ -13,6 +15,7 @@
 #include <QEventLoop>
 
 #include <cstdio>
+#include <functional>
 #include <malloc.h>
 
 namespace mintaro::bench {
@@ -22,8 +25,6 @@ namespace {
 using namespace std::chrono;
 
 constexpr sys_seconds kNow = sys_days { 2026y / March / 10 } + 9h;
-constexpr sys_seconds kBegin = sys_days { 2026y / February / 23 };
-constexpr sys_seconds kEnd = kBegin + weeks { 6 };
 
 class NoWorkspace final : public Workspace
 {
@@ -47,10 +48,18 @@ public:
     {
     }
 
+    void follow() { m_context.follow(); }
     /// False where the store cannot be read.
     bool load() { return m_context.database()->requestAccess() && !m_context.database()->calendars().empty(); }
 
     [[nodiscard]] std::size_t query() { return m_context.database()->events({ kBegin, kEnd, std::nullopt }).size(); }
+
+    /// Two years.
+    [[nodiscard]] std::size_t search(const QString &text)
+    {
+        const DateInterval range = SearchViewModel::range(m_context.environment());
+        return m_context.database()->events({ range.start, range.end, std::nullopt, text }).size();
+    }
 
     void refresh() { QCoro::waitFor(m_state.refreshAll()); }
 
@@ -91,54 +100,61 @@ void measureFresh(benchmark::State &state, Prepare &&prepare, Measured &&measure
     }
 }
 
-void load(benchmark::State &state, const GeneratedStore &store)
+/// A program that is to read the store as if it did so for the first time, or with the index that it left before.
+std::unique_ptr<Program> make(GeneratedStore &store, bool isCold)
+{
+    qputenv("XDG_CACHE_HOME", (isCold ? store.newCache() : store.cache()).toUtf8());
+    auto program = std::make_unique<Program>(store);
+    program->follow();
+    return program;
+}
+
+std::unique_ptr<Program> loaded(GeneratedStore &store)
+{
+    auto program = make(store, false);
+    if (!program->load())
+        throw std::runtime_error("the generated store cannot be read");
+    return program;
+}
+
+void load(benchmark::State &state, GeneratedStore &store, bool isCold)
 {
     double bytes = 0;
     measureFresh(
-        state, [&] { return std::make_unique<Program>(store); },
+        state, [&] { return make(store, isCold); },
         [&](const auto &program) {
             const double before = heldBytes();
             if (!program->load())
                 state.SkipWithError("the generated store cannot be read");
             bytes = heldBytes() - before;
         });
-    state.counters["bytes/item"] = bytes / GeneratedStore::kItems;
+    state.counters["bytes/item"] = bytes / store.items();
+    state.counters["text/item"] = static_cast<double>(store.bytes()) / store.items();
 }
 
-void parse(benchmark::State &state, const GeneratedStore &store)
+void parse(benchmark::State &state, GeneratedStore &store)
 {
     double bytes = 0;
     measureFresh(
         state, [] { return std::unique_ptr<LibicalBaseline>(); },
         [&](auto &baseline) {
             const double before = heldBytes();
-            baseline = std::make_unique<LibicalBaseline>(store.root());
+            baseline = std::make_unique<LibicalBaseline>(store.root().toStdString());
             bytes = heldBytes() - before;
         });
-    state.counters["bytes/item"] = bytes / GeneratedStore::kItems;
+    state.counters["bytes/item"] = bytes / store.items();
 }
 
-void parseAndExpand(benchmark::State &state, const GeneratedStore &store)
+void expandParsed(benchmark::State &state, GeneratedStore &store)
 {
+    const LibicalBaseline baseline(store.root().toStdString());
     std::int64_t found = 0;
-    measureFresh(
-        state, [] { return std::unique_ptr<LibicalBaseline>(); },
-        [&](auto &baseline) {
-            baseline = std::make_unique<LibicalBaseline>(store.root());
-            found = baseline->countOccurrences(kBegin, kEnd);
-        });
+    for ([[maybe_unused]] auto _ : state)
+        benchmark::DoNotOptimize(found = baseline.countOccurrences(kBegin, kEnd));
     state.counters["found"] = static_cast<double>(found);
 }
 
-std::unique_ptr<Program> loaded(const GeneratedStore &store)
-{
-    auto program = std::make_unique<Program>(store);
-    if (!program->load())
-        throw std::runtime_error("the generated store cannot be read");
-    return program;
-}
-
-void queryFirst(benchmark::State &state, const GeneratedStore &store)
+void queryFirst(benchmark::State &state, GeneratedStore &store)
 {
     std::size_t found = 0;
     measureFresh(
@@ -146,15 +162,25 @@ void queryFirst(benchmark::State &state, const GeneratedStore &store)
     state.counters["found"] = static_cast<double>(found);
 }
 
-void queryWarm(benchmark::State &state, const GeneratedStore &store)
+void queryWarm(benchmark::State &state, GeneratedStore &store)
 {
     const auto program = loaded(store);
-    benchmark::DoNotOptimize(program->query());
+    std::size_t found = program->query();
     for ([[maybe_unused]] auto _ : state)
-        benchmark::DoNotOptimize(program->query());
+        benchmark::DoNotOptimize(found = program->query());
+    state.counters["found"] = static_cast<double>(found);
 }
 
-void refreshAll(benchmark::State &state, const GeneratedStore &store)
+void search(benchmark::State &state, GeneratedStore &store, const char *text)
+{
+    const auto program = loaded(store);
+    std::size_t found = program->search(QString::fromUtf8(text));
+    for ([[maybe_unused]] auto _ : state)
+        benchmark::DoNotOptimize(found = program->search(QString::fromUtf8(text)));
+    state.counters["found"] = static_cast<double>(found);
+}
+
+void refreshAll(benchmark::State &state, GeneratedStore &store)
 {
     const auto program = loaded(store);
     program->showLabel();
@@ -162,28 +188,97 @@ void refreshAll(benchmark::State &state, const GeneratedStore &store)
         program->refresh();
 }
 
-void firstLabel(benchmark::State &state, const GeneratedStore &store)
+void firstLabel(benchmark::State &state, GeneratedStore &store)
 {
     measureFresh(
         state, [] { return std::unique_ptr<Program>(); },
         [&](auto &program) {
-            program = std::make_unique<Program>(store);
+            program = make(store, false);
             program->showLabel();
         });
 }
 
-using Measurement = void (*)(benchmark::State &, const GeneratedStore &);
-
-enum class Subject { Fresh, Kept };
-
-/// Enough repetitions to tell the noise. What needs a fresh subject each time runs as often as is said here: the
-/// library would count on the measured part being all that there is to wait for.
-void add(const char *name, Measurement measurement, const GeneratedStore &store, Subject subject)
+void runProcess(benchmark::State &state, const std::vector<std::string> &command)
 {
-    auto *registered = benchmark::RegisterBenchmark(name, measurement, std::cref(store));
-    registered->Unit(benchmark::kMillisecond)->UseRealTime()->Repetitions(7);
-    if (subject == Subject::Fresh)
-        registered->Iterations(1);
+    for ([[maybe_unused]] auto _ : state)
+        state.SetIterationTime(timeOf(command).count());
+}
+
+/// How long mintaroctl takes, as it would be typed.
+std::chrono::duration<double> timeOfCommand(const GeneratedStore &store, const QString &cache)
+{
+    qputenv("XDG_CACHE_HOME", cache.toUtf8());
+    return timeOf({ MINTARO_BENCH_PROGRAMS "/mintaroctl", "--store", store.root().toStdString(), "--now",
+        "2026-03-10T09:00:00Z", "occurrences", "--from", "20260223T000000Z", "--to", "20260406T000000Z", "--count" });
+}
+
+void runCommand(benchmark::State &state, GeneratedStore &store, bool isCold)
+{
+    for ([[maybe_unused]] auto _ : state)
+        state.SetIterationTime(timeOfCommand(store, isCold ? store.newCache() : store.cache()).count());
+}
+
+using Ratios = std::vector<std::pair<std::string, std::string>>;
+
+/// Enough repetitions to tell the noise. What needs a fresh subject each time runs once in each of them: the library
+/// would count on the measured part being all that there is to wait for.
+void addFresh(const std::string &name, const std::function<void(benchmark::State &)> &measurement)
+{
+    benchmark::RegisterBenchmark(name.c_str(), measurement)
+        ->Unit(benchmark::kMillisecond)
+        ->UseRealTime()
+        ->Iterations(1)
+        ->Repetitions(5);
+}
+
+void addKept(const std::string &name, const std::function<void(benchmark::State &)> &measurement)
+{
+    benchmark::RegisterBenchmark(name.c_str(), measurement)
+        ->Unit(benchmark::kMillisecond)
+        ->UseRealTime()
+        ->Repetitions(5);
+}
+
+void addProcess(const std::string &name, int iterations, const std::function<void(benchmark::State &)> &measurement)
+{
+    benchmark::RegisterBenchmark(name.c_str(), measurement)
+        ->Unit(benchmark::kMillisecond)
+        ->UseManualTime()
+        ->Iterations(iterations)
+        ->Repetitions(5);
+}
+
+/// In one process, over 10,000 items.
+Ratios addInProcess(GeneratedStore &store, GeneratedStore &large)
+{
+    addFresh("parse", [&](auto &state) { parse(state, store); });
+    addFresh("loadCold", [&](auto &state) { load(state, store, true); });
+    addFresh("loadWarm", [&](auto &state) { load(state, store, false); });
+    addKept("expandParsed", [&](auto &state) { expandParsed(state, store); });
+    addFresh("queryFirst", [&](auto &state) { queryFirst(state, store); });
+    addKept("queryWarm", [&](auto &state) { queryWarm(state, store); });
+    addKept("queryWarm100k", [&](auto &state) { queryWarm(state, large); });
+    addKept("searchFew", [&](auto &state) { search(state, store, "item 4711"); });
+    addKept("searchAll", [&](auto &state) { search(state, store, "notes"); });
+    addKept("refreshAll", [&](auto &state) { refreshAll(state, store); });
+    addFresh("firstLabel", [&](auto &state) { firstLabel(state, store); });
+    return { { "loadCold", "parse" }, { "loadWarm", "parse" }, { "queryFirst", "expandParsed" },
+        { "queryWarm", "expandParsed" }, { "queryWarm100k", "queryWarm" }, { "searchFew", "expandParsed" },
+        { "searchAll", "expandParsed" }, { "refreshAll", "expandParsed" }, { "firstLabel", "parse" } };
+}
+
+/// As whole processes.
+Ratios addProcesses(GeneratedStore &store, const std::string &size, int iterations)
+{
+    const std::string root = store.root().toStdString();
+    const std::string peer = "libical-peer-" + size;
+    addProcess(peer, 1, [root](auto &state) { runProcess(state, { MINTARO_BENCH_PROGRAMS "/libical-peer", root }); });
+    addProcess("stat-floor-" + size, iterations, [root](auto &state) {
+        runProcess(state, { MINTARO_BENCH_PROGRAMS "/stat-floor", root });
+    });
+    addProcess("mintaroctl-cold-" + size, 1, [&store](auto &state) { runCommand(state, store, true); });
+    addProcess("mintaroctl-warm-" + size, iterations, [&store](auto &state) { runCommand(state, store, false); });
+    return { { "stat-floor-" + size, peer }, { "mintaroctl-cold-" + size, peer }, { "mintaroctl-warm-" + size, peer } };
 }
 
 int run(int argc, char **argv)
@@ -192,16 +287,18 @@ int run(int argc, char **argv)
     benchmark::Initialize(&argc, argv);
     if (benchmark::ReportUnrecognizedArguments(argc, argv))
         return 2;
-    const GeneratedStore store;
-    add("parse", parse, store, Subject::Fresh);
-    add("parseAndExpand", parseAndExpand, store, Subject::Fresh);
-    add("load", load, store, Subject::Fresh);
-    add("queryFirst", queryFirst, store, Subject::Fresh);
-    add("queryWarm", queryWarm, store, Subject::Kept);
-    add("refreshAll", refreshAll, store, Subject::Kept);
-    add("firstLabel", firstLabel, store, Subject::Fresh);
-    RatioReporter reporter({ { "load", "parse" }, { "queryFirst", "parseAndExpand" }, { "queryWarm", "parseAndExpand" },
-        { "refreshAll", "parseAndExpand" }, { "firstLabel", "parseAndExpand" } });
+    GeneratedStore small(1'000);
+    GeneratedStore store(10'000);
+    GeneratedStore withPast(10'000, 90'000);
+    GeneratedStore large(100'000);
+    // What is called warm finds the index that a run before left.
+    for (const GeneratedStore *each : { &small, &store, &withPast, &large })
+        (void)timeOfCommand(*each, each->cache());
+    Ratios ratios;
+    for (const Ratios &part : { addProcesses(small, "1k", 8), addProcesses(store, "10k", 4),
+             addProcesses(large, "100k", 1), addInProcess(store, withPast) })
+        ratios.insert(ratios.end(), part.begin(), part.end());
+    RatioReporter reporter(std::move(ratios));
     benchmark::RunSpecifiedBenchmarks(&reporter);
     return 0;
 }

@@ -123,17 +123,16 @@ std::vector<EKEvent> CalendarDatabase::events(const EKEventPredicate &predicate)
     applyChanges();
     if (predicate.end <= predicate.start)
         return {};
-    std::optional<TextMatcher> text;
-    if (predicate.text)
-        text.emplace(*predicate.text, m_environment.locale());
-    const CollectionContents::Query query { predicate.start, predicate.end, m_environment.timeZone(),
-        m_isFollowing ? kMargin : days { 0 }, text ? &*text : nullptr };
+    const CalendarIndex::Snapshot snapshot(m_index.get());
+    const std::vector<std::vector<bool>> matching = matchingItems(predicate);
     ExpansionBudget budget { kStepsPerQuery };
     std::vector<FoundOccurrence> found;
     for (std::size_t i = 0; i < m_collections.size(); ++i) {
         StoredCollection &each = *m_collections[i];
         if (!isWanted(predicate.calendarIdentifiers, each.info().identifier))
             continue;
+        const CollectionContents::Query query { predicate.start, predicate.end, m_environment.timeZone(),
+            m_isFollowing ? kMargin : days { 0 }, predicate.text ? &matching[i] : nullptr };
         each.contents().events(
             query, budget,
             [&](const Occurrence &occurrence, sys_seconds start, sys_seconds end) {
@@ -147,14 +146,30 @@ std::vector<EKEvent> CalendarDatabase::events(const EKEventPredicate &predicate)
     std::vector<EKEvent> result;
     result.reserve(found.size());
     for (const FoundOccurrence &each : found)
-        result.push_back(makeEvent(each, *m_collections[each.collection], query.viewer));
+        result.push_back(makeEvent(each, *m_collections[each.collection], m_environment.timeZone()));
     return result;
+}
+
+/// For each wanted collection, which of its items hold the text; nothing where there is none.
+std::vector<std::vector<bool>> CalendarDatabase::matchingItems(const EKEventPredicate &predicate)
+{
+    if (!predicate.text)
+        return {};
+    const TextMatcher matcher(*predicate.text, m_environment.locale());
+    std::vector<std::vector<bool>> matching(m_collections.size());
+    forEachInParallel(matching.size(), [&](std::size_t i) {
+        // A matcher is for one thread at a time.
+        if (isWanted(predicate.calendarIdentifiers, m_collections[i]->info().identifier))
+            matching[i] = m_collections[i]->contents().matchingItems(TextMatcher(matcher));
+    });
+    return matching;
 }
 
 std::vector<EKReminder> CalendarDatabase::reminders(const EKReminderPredicate &predicate)
 {
     const QMutexLocker lock(&m_mutex);
     applyChanges();
+    const CalendarIndex::Snapshot snapshot(m_index.get());
     std::vector<EKReminder> result;
     for (const auto &collection : m_collections) {
         if (!isWanted(predicate.calendarIdentifiers, collection->info().identifier))

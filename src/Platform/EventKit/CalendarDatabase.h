@@ -36,6 +36,7 @@ private:
     void storeChanged(const StoreChanges &changes);
     [[nodiscard]] bool differs(const StoreChanges &changes);
     void beginWatching();
+    [[nodiscard]] std::vector<std::vector<bool>> matchingItems(const EKEventPredicate &predicate);
     void applyChanges();
     void applyCollections();
     void apply(const std::vector<StoredCollection *> &collections, const std::map<QString, QStringList> &names);

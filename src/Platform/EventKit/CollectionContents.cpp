@@ -177,7 +177,7 @@ void CollectionContents::rebuild(const Report &duplicate)
 
 void CollectionContents::events(const Query &query, ExpansionBudget &budget, const Found &found, const Report &refused)
 {
-    if (query.text) {
+    if (query.items) {
         matchingEvents(query, budget, found, refused);
         return;
     }
@@ -223,7 +223,7 @@ const CollectionContents::Occurrences &CollectionContents::expanded(
 void CollectionContents::matchingEvents(
     const Query &query, ExpansionBudget &budget, const Found &found, const Report &refused)
 {
-    const std::vector<bool> matching = matchingItems(*query.text);
+    const std::vector<bool> &matching = *query.items;
     const Found take = [&](const Occurrence &occurrence, sys_seconds start, sys_seconds end) {
         if (matching[occurrence.item])
             found(occurrence, start, end);
@@ -244,19 +244,34 @@ void CollectionContents::matchingEvents(
 std::vector<bool> CollectionContents::matchingItems(const TextMatcher &text)
 {
     std::vector<bool> matching(m_itemCount);
+    const auto match
+        = [&](const Place &place, std::uint32_t item, QStringView title, QStringView location, QStringView notes) {
+              if (item < place.firstReminder - place.firstItem)
+                  matching[place.firstItem + item] = text.isIn(title) || text.isIn(location) || text.isIn(notes);
+          };
+    std::unordered_map<std::int64_t, const Place *> unread;
     for (const Place &place : m_places) {
-        const std::uint32_t count = place.firstReminder - place.firstItem;
-        if (count == 0)
-            continue;
-        const TextVisitor visit = [&](std::uint32_t item, QStringView title, QStringView location, QStringView notes) {
-            if (item < count)
-                matching[place.firstItem + item] = text.isIn(title) || text.isIn(location) || text.isIn(notes);
-        };
-        if (!place.object->details && m_source.visitTexts(*place.object, visit))
+        if (!place.object->details && place.object->detailsNumber != 0)
+            unread.emplace(place.object->detailsNumber, &place);
+    }
+    m_source.visitDetails([&](std::int64_t number, const ObjectRevision &revision, QByteArrayView packed) {
+        const auto found = unread.find(number);
+        if (found == unread.end() || found->second->object->revision != revision)
+            return;
+        const Place &place = *found->second;
+        visitPackedTexts(packed, [&](std::uint32_t item, QStringView title, QStringView location, QStringView notes) {
+            match(place, item, title, location, notes);
+        });
+        unread.erase(found);
+    });
+    for (const Place &place : m_places) {
+        const bool wasVisited = !place.object->details && place.object->detailsNumber != 0
+            && !unread.contains(place.object->detailsNumber);
+        if (wasVisited || place.firstReminder == place.firstItem)
             continue;
         std::uint32_t number = 0;
         for (const auto &item : details(place).items)
-            visit(number++, item->title, item->location, item->notes);
+            match(place, number++, item->title, item->location, item->notes);
     }
     return matching;
 }

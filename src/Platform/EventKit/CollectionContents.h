@@ -20,8 +20,10 @@ class DetailsSource
 public:
     virtual ~DetailsSource() = default;
     [[nodiscard]] virtual ObjectDetails loadDetails(const QString &name, const StoredObject &object) = 0;
-    /// Visits the texts of the items without loading anything else; false where that is not possible.
-    virtual bool visitTexts(const StoredObject &object, const TextVisitor &visit) = 0;
+    /// Called with StoredObject::detailsNumber, the revision, and details that visitPackedTexts can look into.
+    using Visitor = std::function<void(std::int64_t number, const ObjectRevision &revision, QByteArrayView packed)>;
+    /// Visits what it has of the objects, in no order, without loading anything.
+    virtual void visitDetails(const Visitor &visit) = 0;
 };
 
 /// The objects of one collection with their occurrences sorted: those of events that happen once from the start, those
@@ -37,8 +39,8 @@ public:
         TimeZone viewer;
         /// How much is expanded on each side besides, for later queries nearby.
         std::chrono::days margin { 0 };
-        /// Only events whose title, location or notes it finds; null for all.
-        const TextMatcher *text = nullptr;
+        /// Only events of these items, from `matchingItems`; null for all.
+        const std::vector<bool> *items = nullptr;
     };
     using Found = std::function<void(
         const Occurrence &occurrence, std::chrono::sys_seconds start, std::chrono::sys_seconds end)>;
@@ -74,6 +76,9 @@ public:
     /// All occurrences that overlap [begin, end), in no order. `refused` is told, once each, of objects whose rules
     /// were left out because they cost too much.
     void events(const Query &query, ExpansionBudget &budget, const Found &found, const Report &refused);
+
+    /// By their numbers in the collection, the items whose title, location or notes it finds.
+    [[nodiscard]] std::vector<bool> matchingItems(const TextMatcher &text);
 
     /// What an occurrence says.
     [[nodiscard]] std::shared_ptr<const EventItem> item(const Occurrence &occurrence) { return item(occurrence.item); }
@@ -141,7 +146,6 @@ private:
         std::vector<Occurrence> &all) const;
     [[nodiscard]] const Occurrences &expanded(const Query &query, ExpansionBudget &budget, const Report &refused);
     void matchingEvents(const Query &query, ExpansionBudget &budget, const Found &found, const Report &refused);
-    [[nodiscard]] std::vector<bool> matchingItems(const TextMatcher &text);
     [[nodiscard]] const Place &placeOf(std::uint32_t item) const;
     [[nodiscard]] ObjectDetails &details(const Place &place);
     [[nodiscard]] std::shared_ptr<const EventItem> item(std::uint32_t number);

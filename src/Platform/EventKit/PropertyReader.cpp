@@ -14,6 +14,7 @@ namespace {
 
 constexpr qsizetype kMaximumComplaints = 20;
 constexpr qsizetype kLongestExcerpt = 100;
+constexpr std::size_t kMaximumOwnZones = 100;
 
 } // namespace
 
@@ -82,11 +83,28 @@ std::optional<TimeZone> PropertyReader::zone(const QString &tzid)
     if (const auto known = m_zones.find(tzid); known != m_zones.end())
         return known->second;
     auto zone = resolveZone(tzid);
-    if (!zone)
-        zone = readTimeZone(m_root, tzid, *this);
+    if (!zone && !m_ownZones) {
+        m_ownZones.emplace();
+        collectZones(m_root);
+    }
+    if (!zone) {
+        if (const auto own = m_ownZones->find(tzid.trimmed()); own != m_ownZones->end())
+            zone = readTimeZone(*own->second, *this);
+    }
     if (!zone)
         complain(QStringLiteral("unknown time zone \"%1\", read as local time").arg(tzid.left(kLongestExcerpt)));
     return m_zones[tzid] = zone;
+}
+
+/// Of more than anyone needs the rest is unknown: each costs its time to read.
+void PropertyReader::collectZones(const ICalComponent &parent)
+{
+    for (const ICalComponent &child : parent.components) {
+        if (child.name == "VCALENDAR")
+            collectZones(child);
+        else if (child.name == "VTIMEZONE" && m_ownZones->size() < kMaximumOwnZones)
+            m_ownZones->try_emplace(text(child, "TZID").trimmed(), &child);
+    }
 }
 
 std::vector<QByteArrayView> listOf(const ICalProperty &property)

@@ -41,8 +41,11 @@ public:
 
 private:
     [[nodiscard]] std::optional<TimeZone> zone(const QString &tzid);
+    void collectZones(const ICalComponent &parent);
 
     const ICalComponent &m_root;
+    /// The object's own zones, in so far as anybody asked for one.
+    std::optional<std::map<QString, const ICalComponent *>> m_ownZones;
     std::map<QString, std::optional<TimeZone>> m_zones;
     QStringList m_complaints;
     bool m_hasRefused = false;

@@ -188,9 +188,10 @@ ObjectDetails StoredCollection::loadDetails(const QString &name, const StoredObj
     return read ? std::move(read->details) : ObjectDetails();
 }
 
-bool StoredCollection::visitTexts(const StoredObject &object, const TextVisitor &visit)
+void StoredCollection::visitDetails(const Visitor &visit)
 {
-    return m_index && object.detailsNumber != 0 && m_index->visitTexts(object, visit);
+    if (m_index)
+        m_index->visitDetails(m_info.identifier, stamp(), visit);
 }
 
 void StoredCollection::complain(const QString &name, const QString &text) const

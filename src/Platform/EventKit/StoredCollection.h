@@ -38,7 +38,7 @@ public:
 
 private:
     [[nodiscard]] ObjectDetails loadDetails(const QString &name, const StoredObject &object) override;
-    bool visitTexts(const StoredObject &object, const TextVisitor &visit) override;
+    void visitDetails(const Visitor &visit) override;
     [[nodiscard]] std::vector<ObjectState> examineAll();
     [[nodiscard]] bool isHeld(const ObjectState &state) const;
     void drop(const QString &name);

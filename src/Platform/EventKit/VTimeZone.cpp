@@ -13,21 +13,11 @@ using namespace std::chrono;
 
 namespace {
 
+constexpr local_days kFirstOnset { year { 1900 } / 1 / 1 };
 constexpr local_days kLastOnset { year { 2100 } / 1 / 1 };
 constexpr std::int64_t kMaximumSteps = 1'000'000;
-constexpr std::size_t kMaximumTransitions = 5'000;
-
-const ICalComponent *findTimeZone(const ICalComponent &parent, const QString &tzid)
-{
-    for (const ICalComponent &child : parent.components) {
-        const bool isWanted
-            = child.name == "VTIMEZONE" && PropertyReader::text(child, "TZID").trimmed() == tzid.trimmed();
-        const ICalComponent *found = isWanted ? &child : findTimeZone(child, tzid);
-        if (found)
-            return found;
-    }
-    return nullptr;
-}
+/// Five a year.
+constexpr std::size_t kMaximumTransitions = 1'000;
 
 /// The value of a property, if it has a sense. Times in a VTIMEZONE have no zone but the one that they make.
 template <typename Parse>
@@ -96,6 +86,8 @@ private:
             return false;
         const LocalTime last = kLastOnset;
         RuleIterator onsets(*rule, start, last, m_budget);
+        // Many zones are said to begin in 1601.
+        onsets.skipTo(kFirstOnset);
         while (const auto onset = onsets.next()) {
             const LocalTime compared = rule->until && rule->until->isUtc ? *onset - m_from : *onset;
             if (rule->until && compared > rule->until->reading)
@@ -119,17 +111,14 @@ private:
 
 } // namespace
 
-std::optional<TimeZone> readTimeZone(const ICalComponent &root, const QString &tzid, PropertyReader &reader)
+std::optional<TimeZone> readTimeZone(const ICalComponent &timeZone, PropertyReader &reader)
 {
-    const ICalComponent *timeZone = findTimeZone(root, tzid);
-    if (!timeZone)
-        return std::nullopt;
-    if (const auto named = resolveZone(PropertyReader::text(*timeZone, "X-LIC-LOCATION")))
+    if (const auto named = resolveZone(PropertyReader::text(timeZone, "X-LIC-LOCATION")))
         return named;
     ObservanceReader observances(reader);
-    timeZone->forEachComponent("STANDARD", [&](const ICalComponent &each) { observances.read(each); });
-    timeZone->forEachComponent("DAYLIGHT", [&](const ICalComponent &each) { observances.read(each); });
-    return observances.zone(tzid);
+    timeZone.forEachComponent("STANDARD", [&](const ICalComponent &each) { observances.read(each); });
+    timeZone.forEachComponent("DAYLIGHT", [&](const ICalComponent &each) { observances.read(each); });
+    return observances.zone(PropertyReader::text(timeZone, "TZID"));
 }
 
 } // namespace mintaro

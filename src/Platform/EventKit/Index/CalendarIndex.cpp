@@ -165,12 +165,20 @@ public:
         return number;
     }
 
+    /// Ends the snapshot, if there is one.
+    void endReading()
+    {
+        if (database.isInTransaction())
+            database.execute("COMMIT");
+    }
+
     struct Statements
     {
         sqlite::Statement findCollection;
         sqlite::Statement addCollection;
         sqlite::Statement load;
         sqlite::Statement details;
+        sqlite::Statement allDetails;
         sqlite::Statement find;
         sqlite::Statement addDetails;
         sqlite::Statement setDetails;
@@ -209,6 +217,7 @@ private:
                  " ON CONFLICT (identifier) DO UPDATE SET stamp = ?2, written = unixepoch()"),
             make("SELECT name, details, content FROM schedules WHERE collection = ?"),
             make("SELECT content FROM details WHERE id = ?"),
+            make("SELECT d.id, d.content FROM schedules s JOIN details d ON d.id = s.details WHERE s.collection = ?"),
             make("SELECT details FROM schedules WHERE collection = ? AND name = ?"),
             make("INSERT INTO details (content) VALUES (?)"),
             make("INSERT INTO details (id, content) VALUES (?1, ?2) ON CONFLICT (id) DO UPDATE SET content = ?2"),
@@ -275,55 +284,80 @@ bool CalendarIndex::use(const std::function<void(Connection &)> &task)
 
 std::vector<CalendarIndex::Entry> CalendarIndex::load(const QString &collection, const QString &stamp)
 {
-    std::vector<Entry> entries;
+    struct Row
+    {
+        QString name;
+        std::int64_t details;
+        QByteArray content;
+    };
+    std::vector<Row> rows;
     use([&](Connection &connection) {
         const std::optional<std::int64_t> id = connection.find(collection, stamp);
         if (!id)
             return;
-        sqlite::Statement &rows = connection.statements().load.bind(*id);
-        while (rows.step()) {
-            const QByteArray row = rows.bytes(2).toByteArray();
-            const auto content = unsealed(row);
-            auto schedule = content ? unpackSchedule(content->content) : std::nullopt;
-            if (!schedule)
-                continue;
-            StoredObject object;
-            object.revision = content->revision;
-            object.schedule = std::move(*schedule);
-            object.detailsNumber = rows.integer(1);
-            entries.push_back({ rows.text(0), std::move(object) });
-        }
+        sqlite::Statement &found = connection.statements().load.bind(*id);
+        while (found.step())
+            rows.push_back({ found.text(0), found.integer(1), found.bytes(2).toByteArray() });
     });
+    // Several collections are unpacked at once.
+    std::vector<Entry> entries;
+    entries.reserve(rows.size());
+    for (Row &row : rows) {
+        const auto content = unsealed(row.content);
+        auto schedule = content ? unpackSchedule(content->content) : std::nullopt;
+        if (!schedule)
+            continue;
+        StoredObject object;
+        object.revision = content->revision;
+        object.schedule = std::move(*schedule);
+        object.detailsNumber = row.details;
+        entries.push_back({ std::move(row.name), std::move(object) });
+    }
     return entries;
-}
-
-bool CalendarIndex::visitDetails(const StoredObject &object, const std::function<void(QByteArrayView packed)> &visit)
-{
-    bool isFound = false;
-    use([&](Connection &connection) {
-        sqlite::Statement &rows = connection.statements().details.bind(object.detailsNumber);
-        if (!rows.step())
-            return;
-        const QByteArray row = rows.bytes(0).toByteArray();
-        rows.reset();
-        const auto content = unsealed(row);
-        isFound = content && content->revision == object.revision;
-        if (isFound)
-            visit(content->content);
-    });
-    return isFound;
 }
 
 std::optional<ObjectDetails> CalendarIndex::details(const StoredObject &object)
 {
-    std::optional<ObjectDetails> details;
-    visitDetails(object, [&](QByteArrayView packed) { details = unpackDetails(packed); });
-    return details;
+    QByteArray row;
+    use([&](Connection &connection) {
+        sqlite::Statement &found = connection.statements().details.bind(object.detailsNumber);
+        if (found.step())
+            row = found.bytes(0).toByteArray();
+        found.reset();
+    });
+    const auto content = unsealed(row);
+    return content && content->revision == object.revision ? unpackDetails(content->content) : std::nullopt;
 }
 
-bool CalendarIndex::visitTexts(const StoredObject &object, const TextVisitor &visit)
+void CalendarIndex::visitDetails(const QString &collection, const QString &stamp,
+    const std::function<void(std::int64_t number, const ObjectRevision &revision, QByteArrayView packed)> &visit)
 {
-    return visitDetails(object, [&](QByteArrayView packed) { visitPackedTexts(packed, visit); });
+    std::vector<std::pair<std::int64_t, QByteArray>> rows;
+    use([&](Connection &connection) {
+        const std::optional<std::int64_t> id = connection.find(collection, stamp);
+        if (!id)
+            return;
+        sqlite::Statement &found = connection.statements().allDetails.bind(*id);
+        while (found.step())
+            rows.emplace_back(found.integer(0), found.bytes(1).toByteArray());
+    });
+    for (const auto &[number, row] : rows) {
+        if (const auto content = unsealed(row))
+            visit(number, content->revision, content->content);
+    }
+}
+
+CalendarIndex::Snapshot::Snapshot(CalendarIndex *index)
+    : m_index(index)
+{
+    if (m_index)
+        m_index->use([](Connection &connection) { connection.database.execute("BEGIN"); });
+}
+
+CalendarIndex::Snapshot::~Snapshot()
+{
+    if (m_index)
+        m_index->use([](Connection &connection) { connection.endReading(); });
 }
 
 void CalendarIndex::write(
@@ -333,6 +367,7 @@ void CalendarIndex::write(
         return;
     std::vector<std::int64_t> numbers;
     const bool isWritten = use([&](Connection &connection) {
+        connection.endReading();
         sqlite::Transaction transaction(connection.database);
         const std::int64_t id = connection.begin(collection, stamp);
         for (const QString &name : gone)

@@ -30,8 +30,24 @@ public:
     [[nodiscard]] std::vector<Entry> load(const QString &collection, const QString &stamp);
     /// Empty where they are gone, or by now those of another revision.
     [[nodiscard]] std::optional<ObjectDetails> details(const StoredObject &object);
-    /// As visitPackedTexts, for the details of an object; false where `details` would be empty.
-    bool visitTexts(const StoredObject &object, const TextVisitor &visit);
+    /// Visits the details of all that is known of a collection, in no order: by their number, with the revision that
+    /// they are of and what unpackDetails takes.
+    void visitDetails(const QString &collection, const QString &stamp,
+        const std::function<void(std::int64_t number, const ObjectRevision &revision, QByteArrayView packed)> &visit);
+
+    /// While it lives, readings see one state, and many small ones are far quicker. One at a time.
+    class Snapshot
+    {
+    public:
+        /// `index` may be null.
+        explicit Snapshot(CalendarIndex *index);
+        ~Snapshot();
+        Snapshot(const Snapshot &) = delete;
+        Snapshot &operator=(const Snapshot &) = delete;
+
+    private:
+        CalendarIndex *const m_index;
+    };
 
     struct Change
     {
@@ -50,8 +66,6 @@ private:
     /// where nothing came of it.
     bool use(const std::function<void(Connection &)> &task);
     void open();
-    /// Calls `visit` with what is packed in a row of details; false where there is none of that object.
-    bool visitDetails(const StoredObject &object, const std::function<void(QByteArrayView packed)> &visit);
 
     const QString m_folder;
     QMutex m_mutex;

@@ -129,6 +129,11 @@ void Statement::Finalize::operator()(sqlite3_stmt *statement) const
     sqlite3_finalize(statement);
 }
 
+bool Database::isInTransaction() const
+{
+    return sqlite3_get_autocommit(handle()) == 0;
+}
+
 Transaction::Transaction(Database &database)
     : m_database(database)
 {

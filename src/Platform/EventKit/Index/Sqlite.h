@@ -34,6 +34,7 @@ public:
     /// Makes it empty, however damaged it is, also while others are connected.
     void reset();
     [[nodiscard]] std::int64_t lastInsertedRow() const;
+    [[nodiscard]] bool isInTransaction() const;
     [[nodiscard]] sqlite3 *handle() const { return m_handle.get(); }
 
 private:
