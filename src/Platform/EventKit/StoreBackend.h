@@ -43,7 +43,7 @@ struct StoreCollection
 };
 
 /// Tells one state of an object from another. The numbers mean something to the backend alone.
-using ObjectRevision = std::array<std::int64_t, 3>;
+using ObjectRevision = std::array<std::int64_t, 4>;
 
 struct ObjectState
 {

@@ -12,6 +12,9 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
+#include <thread>
+
 namespace mintaro {
 
 /// A user's folders below a temporary one, and a log that can be read back.
@@ -40,6 +43,9 @@ protected:
         ASSERT_TRUE(file.open(QIODevice::WriteOnly)) << relative.toStdString();
         ASSERT_EQ(file.write(bytes), bytes.size());
     }
+
+    /// Until what was written can no longer be written again at the same time by the clock of files.
+    static void awaitSettledFiles() { std::this_thread::sleep_for(std::chrono::milliseconds { 80 }); }
 
     [[nodiscard]] Logger logger()
     {

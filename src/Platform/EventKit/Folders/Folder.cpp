@@ -8,10 +8,19 @@
 #include <cstring>
 
 #include <fcntl.h>
+#include <time.h>
 
 namespace mintaro {
 
 namespace {
+
+/// Longer than a tick of the kernel's clock, shorter than the quiet that ends a burst of changes.
+constexpr std::int64_t kSettling = 50'000'000;
+
+std::int64_t nanoseconds(const timespec &time)
+{
+    return time.tv_sec * 1'000'000'000 + time.tv_nsec;
+}
 
 FileText problem(const QString &text)
 {
@@ -104,9 +113,14 @@ bool isObjectName(QByteArrayView name)
 
 ObjectRevision revisionOf(const struct stat &status)
 {
-    constexpr std::int64_t kNanoseconds = 1'000'000'000;
-    return { static_cast<std::int64_t>(status.st_ino), status.st_size,
-        status.st_mtim.tv_sec * kNanoseconds + status.st_mtim.tv_nsec };
+    timespec now = {};
+    ::clock_gettime(CLOCK_REALTIME, &now);
+    const std::int64_t changed = nanoseconds(status.st_ctim);
+    const std::int64_t age = nanoseconds(now) - changed;
+    // A time to come is that of a clock that was set back; it must not be read again for ever.
+    const bool isSettled = age < 0 || age > kSettling;
+    return { static_cast<std::int64_t>(status.st_ino), status.st_size, nanoseconds(status.st_mtim),
+        isSettled ? changed : 0 };
 }
 
 FileText readFile(const QString &path, qint64 limit)

@@ -33,6 +33,9 @@ struct FileText
 /// Whether a folder's entry of this name is a calendar object.
 [[nodiscard]] bool isObjectName(const QString &name);
 [[nodiscard]] bool isObjectName(QByteArrayView name);
+/// To be called right after the status was taken, and before the file is read. The time of the last change of the
+/// status is in it, for writers can set that of the content. A file that was changed less than 50 ms ago has a revision
+/// that does not stay: another change may bear the same time, so it has to be looked at again.
 [[nodiscard]] ObjectRevision revisionOf(const struct stat &status);
 /// The whole of a regular file of at most `limit` bytes. Neither a FIFO nor a device can hold the caller up.
 [[nodiscard]] FileText readFile(const QString &path, qint64 limit);
