@@ -134,54 +134,6 @@ TEST_F(FoldersBackendTest, ListsFilesThatEndInIcs)
     EXPECT_EQ(backend->describe(collection, u"new\nline.ics"_qs), collection + u"/new\\x0aline.ics"_qs);
 }
 
-TEST_F(FoldersBackendTest, HostileEntriesCostALineEachAndNothingElse)
-{
-    put(u"r/c/good.ics"_qs, "good");
-    put(u"r/c/huge.ics"_qs);
-    const QString collection = path(u"r/c"_qs);
-    ASSERT_TRUE(QFile::resize(collection + u"/huge.ics"_qs, 2LL * 1024 * 1024 * 1024));
-    ASSERT_EQ(::mkfifo((collection + u"/fifo.ics"_qs).toUtf8().constData(), 0600), 0);
-    ASSERT_EQ(::symlink("loop.ics", (collection + u"/loop.ics"_qs).toUtf8().constData()), 0);
-    ASSERT_EQ(::symlink("nowhere", (collection + u"/dangling.ics"_qs).toUtf8().constData()), 0);
-    ASSERT_EQ(::symlink(".", (collection + u"/self"_qs).toUtf8().constData()), 0);
-    ASSERT_EQ(::symlink("good.ics", (collection.toUtf8() + "/caf\xe9.ics").constData()), 0);
-
-    const auto backend = backendOn(u"r"_qs);
-    EXPECT_EQ(backend->collections().size(), 1U);
-    EXPECT_THAT(names(backend->objects(collection)), UnorderedElementsAre("good.ics", "huge.ics"));
-    EXPECT_THAT(names(backend->objects(collection)), UnorderedElementsAre("good.ics", "huge.ics"));
-    EXPECT_EQ(backend->read(collection, u"huge.ics"_qs), std::nullopt);
-    EXPECT_EQ(backend->read(collection, u"fifo.ics"_qs), std::nullopt);
-    EXPECT_EQ(backend->read(collection, u"gone.ics"_qs), std::nullopt);
-    // QTemporaryDir cannot remove what it cannot name.
-    ::unlink((collection.toUtf8() + "/caf\xe9.ics").constData());
-    QStringList lines = logged();
-    lines.sort();
-    EXPECT_EQ(lines,
-        QStringList({ collection + u"/caf\\xe9.ics: the name is not UTF-8"_qs,
-            collection + u"/dangling.ics: a link that leads nowhere"_qs, collection + u"/fifo.ics: no regular file"_qs,
-            collection + u"/huge.ics: larger than 8388608 bytes"_qs,
-            collection + u"/loop.ics: Too many levels of symbolic links"_qs }));
-}
-
-TEST_F(FoldersBackendTest, WhatMayNotBeReadCostsALine)
-{
-    if (::geteuid() == 0)
-        GTEST_SKIP() << "the superuser may read everything";
-    put(u"r/a/x.ics"_qs, "x");
-    putFolder(u"r/locked"_qs);
-    QFile::setPermissions(path(u"r/a/x.ics"_qs), {});
-    QFile::setPermissions(path(u"r/locked"_qs), {});
-    const auto backend = backendOn(u"r"_qs);
-    EXPECT_THAT(titles(backend->collections()), ElementsAre("a"));
-    EXPECT_EQ(backend->read(path(u"r/a"_qs), u"x.ics"_qs), std::nullopt);
-    EXPECT_EQ(logged().size(), 2);
-    QFile::setPermissions(path(u"r/locked"_qs), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-    QFile::setPermissions(path(u"r"_qs), {});
-    EXPECT_FALSE(backend->requestAccess());
-    QFile::setPermissions(path(u"r"_qs), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-}
-
 TEST_F(FoldersBackendTest, TheRevisionTellsStatesApart)
 {
     const QByteArray file = path(u"r/c/x.ics"_qs).toUtf8();

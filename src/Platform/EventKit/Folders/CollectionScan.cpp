@@ -18,24 +18,19 @@ namespace {
 
 constexpr qint64 kLargestLooksFile = 4096;
 
-QString textOf(const Folder &folder, const char *name)
-{
-    return fileName(folder.read(name, kLargestLooksFile).bytes.value_or(QByteArray())).value_or(QString()).simplified();
-}
-
 /// Whether a folder that has an entry of this name holds calendar data itself.
 bool marksCollection(QByteArrayView name)
 {
     return isObjectName(name) || name == "color" || name == "displayname";
 }
 
-/// Whether an entry is a folder or leads to one.
-bool isFolder(const Folder &parent, const dirent &entry)
+/// Whether an entry may be a collection: a folder, or a link that leads to one or nowhere.
+bool mayBeFolder(const Folder &parent, const dirent &entry)
 {
     if (entry.d_type != DT_UNKNOWN && entry.d_type != DT_LNK)
         return entry.d_type == DT_DIR;
     const std::optional<struct stat> status = parent.status(entry.d_name);
-    return status && S_ISDIR(status->st_mode);
+    return !status || S_ISDIR(status->st_mode);
 }
 
 /// ".calendars" becomes "Calendars", "my_work" "My work".
@@ -89,13 +84,15 @@ void CollectionScan::addRoot(const ConfiguredFolder &configured, const QString &
     bool isCollection = false;
     folder->forEach([&](const dirent &entry) {
         isCollection = isCollection || marksCollection(entry.d_name);
-        if (::fnmatch(pattern.constData(), entry.d_name, FNM_PERIOD) != 0 || !isFolder(*folder, entry))
+        if (::fnmatch(pattern.constData(), entry.d_name, FNM_PERIOD) != 0 || !mayBeFolder(*folder, entry))
             return;
         const QByteArray place = root.toUtf8() + '/' + entry.d_name;
-        if (const std::optional<QString> path = canonicalPath(place))
+        if (const std::optional<QString> path = canonicalPath(place)) {
             take(*path);
-        else
-            m_report(escapedPath(place), QStringLiteral("the path is not UTF-8"));
+            return;
+        }
+        const QString problem = folder->problem(entry.d_name);
+        m_report(escapedPath(place), problem.isEmpty() ? QStringLiteral("the path is not UTF-8") : problem);
     });
     if (isCollection)
         take(root);
@@ -116,14 +113,20 @@ std::optional<CollectionScan::Found> CollectionScan::examine(
         m_report(path, QString::fromLocal8Bit(std::strerror(errno)));
         return std::nullopt;
     }
+    const auto textOf = [&](const char *name) {
+        const FileText file = folder->read(name, kLargestLooksFile);
+        if (!file.problem.isEmpty())
+            m_report(path + u'/' + QLatin1String(name), file.problem);
+        return fileName(file.bytes.value_or(QByteArray())).value_or(QString()).simplified();
+    };
     StoreCollection collection;
     collection.identifier = path;
-    collection.title = textOf(*folder, "displayname");
+    collection.title = textOf("displayname");
     if (collection.title.isEmpty())
         collection.title = QFileInfo(path).fileName();
     collection.sourceIdentifier = source;
     collection.sourceTitle = sourceTitle(source);
-    collection.color = Color::fromHex(textOf(*folder, "color"));
+    collection.color = Color::fromHex(textOf("color"));
     if (!collection.color)
         collection.color = configured.color;
     collection.isWritable = !configured.isReadOnly && ::access(path.toUtf8().constData(), W_OK) == 0;
@@ -131,7 +134,7 @@ std::optional<CollectionScan::Found> CollectionScan::examine(
     collection.userAddresses = m_configuration.addresses + configured.addresses;
     collection.userAddresses.removeDuplicates();
     bool hasOrder = false;
-    const int order = textOf(*folder, "order").toInt(&hasOrder);
+    const int order = textOf("order").toInt(&hasOrder);
     return Found { std::move(collection), hasOrder ? order : std::numeric_limits<int>::max() };
 }
 

@@ -143,10 +143,15 @@ std::optional<struct stat> Folder::status(const char *name) const
     return status;
 }
 
-bool Folder::isLink(const char *name) const
+QString Folder::problem(const char *name) const
 {
     struct stat status = {};
-    return ::fstatat(::dirfd(m_folder.get()), name, &status, AT_SYMLINK_NOFOLLOW) == 0 && S_ISLNK(status.st_mode);
+    if (::fstatat(::dirfd(m_folder.get()), name, &status, 0) == 0)
+        return {};
+    if (errno != ENOENT)
+        return QString::fromLocal8Bit(std::strerror(errno));
+    const bool isThere = ::fstatat(::dirfd(m_folder.get()), name, &status, AT_SYMLINK_NOFOLLOW) == 0;
+    return isThere ? QStringLiteral("a link that leads nowhere") : QString();
 }
 
 FileText Folder::read(const char *name, qint64 limit) const

@@ -58,10 +58,9 @@ public:
                 visit(*entry);
         }
     }
-    /// Empty with errno set where there is none.
     [[nodiscard]] std::optional<struct stat> status(const char *name) const;
-    /// Whether the entry itself is a symbolic link, wherever that leads.
-    [[nodiscard]] bool isLink(const char *name) const;
+    /// Why an entry has no status; empty where it has one by now, and where there is simply no such entry.
+    [[nodiscard]] QString problem(const char *name) const;
     [[nodiscard]] FileText read(const char *name, qint64 limit) const;
 
 private:

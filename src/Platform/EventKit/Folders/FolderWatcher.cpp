@@ -150,8 +150,11 @@ void FolderWatcher::placeWatches()
         watch.path = path;
         const int number = place(watch, placed.size());
         // Of a folder that may not be read, its root's watch tells when that changes.
-        if ((number < 0 && errno == ENOSPC) || isOnNetwork(path))
-            compared[path] = { watch.folder, fingerprintOf(path) };
+        if ((number < 0 && errno == ENOSPC) || isOnNetwork(path)) {
+            const auto known = m_compared.find(path);
+            compared[path]
+                = { watch.folder, known != m_compared.end() ? known->second.fingerprint : fingerprintOf(path) };
+        }
         // What was awaited may have come while the watch was being placed.
         const auto exists = [&path = path](const QString &name) { return isFolder(path + u'/' + name); };
         if (std::any_of(watch.awaited.begin(), watch.awaited.end(), exists))
@@ -170,10 +173,17 @@ void FolderWatcher::placeWatches()
 
 void FolderWatcher::setCompared(std::map<QString, Compared> compared)
 {
+    std::vector<QString> added;
     for (const auto &[path, folder] : compared) {
         if (!m_compared.contains(path))
-            m_logger.error(
-                QStringLiteral("No change events for %1; looking there once a minute").arg(escapedPath(path)));
+            added.push_back(path);
+    }
+    if (!added.empty()) {
+        const QString others = added.size() == 1
+            ? QString()
+            : QStringLiteral(" and %1 other folders").arg(static_cast<qulonglong>(added.size() - 1));
+        m_logger.error(QStringLiteral("No change events for %1%2; looking there once a minute")
+                           .arg(escapedPath(added.front()), others));
     }
     if (m_compared.empty())
         m_nextComparison = Clock::now() + m_limits.rescanInterval;
@@ -291,9 +301,11 @@ void FolderWatcher::compareFolders()
     const std::map<QString, Compared> before = m_compared;
     placeWatches();
     for (const auto &[path, folder] : before) {
-        const auto after = m_compared.find(path);
-        if ((after != m_compared.end() ? after->second.fingerprint : fingerprintOf(path)) == folder.fingerprint)
+        const std::size_t fingerprint = fingerprintOf(path);
+        if (fingerprint == folder.fingerprint)
             continue;
+        if (const auto after = m_compared.find(path); after != m_compared.end())
+            after->second.fingerprint = fingerprint;
         if (folder.folder.collection.isEmpty() || folder.folder.isRoot)
             m_burst.addCollections(now);
         else

@@ -116,16 +116,11 @@ std::optional<ObjectState> FoldersBackend::object(const QString &collection, con
 std::optional<ObjectState> FoldersBackend::stateOf(const Folder &folder, const QString &collection, const char *name)
 {
     const std::optional<struct stat> status = folder.status(name);
-    const int error = status ? 0 : errno;
     std::optional<QString> text;
     if (status && S_ISREG(status->st_mode) && (text = fileName(name)))
         return ObjectState { std::move(*text), revisionOf(*status) };
-    QString problem;
-    if (error == ENOENT && folder.isLink(name))
-        problem = QStringLiteral("a link that leads nowhere");
-    else if (error != 0 && error != ENOENT)
-        problem = QString::fromLocal8Bit(std::strerror(error));
-    else if (status)
+    QString problem = folder.problem(name);
+    if (status)
         problem
             = S_ISREG(status->st_mode) ? QStringLiteral("the name is not UTF-8") : QStringLiteral("no regular file");
     if (!problem.isEmpty())

@@ -15,7 +15,7 @@ class Folder;
 /// Calendars as folders of .ics files (vdirsyncer's "vdir" convention): a source is a root folder, a collection one of
 /// its sub-folders, an object a file in that. A collection's identifier is its canonical path, an object's name its
 /// file name.
-class FoldersBackend final : public StoreBackend
+class FoldersBackend : public StoreBackend
 {
 public:
     /// `root`: shows this folder alone, whatever the user's configuration says.
