@@ -55,6 +55,8 @@ CollectionScan::CollectionScan(const StoreConfiguration &configuration, const Re
     , m_report(report)
     , m_defaultReminders(canonicalPath(configuration.defaultReminders).value_or(QString()))
 {
+    for (const QString &file : configuration.files)
+        watchFile(file);
     for (const ConfiguredFolder &configured : configuration.folders) {
         const std::optional<QString> path = canonicalPath(configured.path);
         if (!path) {
@@ -64,6 +66,14 @@ CollectionScan::CollectionScan(const StoreConfiguration &configuration, const Re
         } else if (const auto found = examine(configured, *path, QFileInfo(*path).path())) {
             add(*found);
         }
+    }
+}
+
+void CollectionScan::watchFile(const QString &file)
+{
+    for (const QString &path : { file, canonicalPath(file).value_or(file) }) {
+        const QFileInfo place(path);
+        m_watched[canonicalPath(place.path()).value_or(place.path())].configurationFiles.insert(place.fileName());
     }
 }
 
@@ -86,8 +96,8 @@ void CollectionScan::addRoot(const ConfiguredFolder &configured, const QString &
         isCollection = isCollection || marksCollection(entry.d_name);
         if (::fnmatch(pattern.constData(), entry.d_name, FNM_PERIOD) != 0 || !mayBeFolder(*folder, entry))
             return;
-        const QByteArray place = root.toUtf8() + '/' + entry.d_name;
-        if (const std::optional<QString> path = canonicalPath(place)) {
+        const QByteArray place = (root == u'/' ? QByteArray() : root.toUtf8()) + '/' + entry.d_name;
+        if (const auto path = entry.d_type == DT_DIR ? fileName(place) : canonicalPath(place)) {
             take(*path);
             return;
         }

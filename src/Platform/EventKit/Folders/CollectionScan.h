@@ -27,6 +27,8 @@ public:
 private:
     struct Found;
 
+    /// Has a file of the configuration watched, and the one that it is a link to.
+    void watchFile(const QString &file);
     void addRoot(const ConfiguredFolder &configured, const QString &root);
     [[nodiscard]] std::optional<Found> examine(
         const ConfiguredFolder &configured, const QString &path, const QString &source);

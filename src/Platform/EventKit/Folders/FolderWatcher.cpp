@@ -117,6 +117,8 @@ std::map<QString, FolderWatcher::Watch> FolderWatcher::wantedWatches() const
             Watch &watch = wanted[path];
             watch.folder = folder;
             watch.mask |= kSelfEvents | IN_ATTRIB | (folder.collection.isEmpty() ? kLayoutEvents : kEntryEvents);
+            if (!folder.configurationFiles.isEmpty())
+                watch.mask |= IN_CLOSE_WRITE;
             continue;
         }
         QString place = path;
@@ -277,7 +279,9 @@ void FolderWatcher::handleEntry(const Watch &watch, const QString &name, std::ui
     // A link to a folder is no folder to inotify, so in a mere root every name counts.
     const bool changesLayout
         = watch.folder.isRoot && !isTemporary(name) && (isSubfolder || (!isCollection && (what & kLayoutEvents) != 0));
-    if (changesLayout || (isCollection && isLooksFile(name)) || watch.awaited.contains(name))
+    const bool changesLooks = isCollection && isLooksFile(name);
+    const bool changesConfiguration = watch.folder.configurationFiles.contains(name);
+    if (changesLayout || changesLooks || changesConfiguration || watch.awaited.contains(name))
         m_burst.addCollections(now);
 }
 

@@ -24,6 +24,8 @@ struct WatchedFolder
     QString collection;
     /// Its sub-folders are collections.
     bool isRoot = false;
+    /// Names of files in it that say where collections are.
+    QSet<QString> configurationFiles {};
 };
 
 /// By canonical path. A folder that does not exist is awaited.

@@ -83,11 +83,23 @@ std::vector<StoreCollection> FoldersBackend::collections()
 {
     if (!m_configuration)
         return {};
+    followConfiguration();
     const CollectionScan::Report report
         = [this](const QString &path, const QString &problem) { this->report(path, problem); };
     CollectionScan scan(*m_configuration, report);
     m_watcher.setFolders(scan.watched());
     return scan.collections();
+}
+
+void FoldersBackend::followConfiguration()
+{
+    if (m_root)
+        return;
+    try {
+        m_configuration = StoreConfiguration::load(m_baseFolders);
+    } catch (const EKError &error) {
+        reportLine(QString::fromStdString(error.what()));
+    }
 }
 
 std::vector<ObjectState> FoldersBackend::objects(const QString &collection)
@@ -148,7 +160,11 @@ void FoldersBackend::watch(std::function<void(const StoreChanges &)> handler)
 
 void FoldersBackend::report(const QString &path, const QString &problem)
 {
-    const QString line = escapedPath(path) + QLatin1String(": ") + problem;
+    reportLine(escapedPath(path) + QLatin1String(": ") + problem);
+}
+
+void FoldersBackend::reportLine(const QString &line)
+{
     const QMutexLocker lock(&m_mutex);
     if (m_reported.contains(line))
         return;

@@ -33,8 +33,11 @@ public:
     void watch(std::function<void(const StoreChanges &)> handler) override;
 
 private:
+    /// Reads the configuration anew. One that makes no sense changes nothing and costs a line.
+    void followConfiguration();
     /// One line for each path and problem, however often it is met. Thread-safe.
     void report(const QString &path, const QString &problem);
+    void reportLine(const QString &line);
     [[nodiscard]] std::optional<ObjectState> stateOf(const Folder &folder, const QString &collection, const char *name);
 
     const BaseFolders m_baseFolders;

@@ -81,20 +81,37 @@ void addKhalCalendar(std::vector<ConfiguredFolder> &folders, const IniSection &s
     }
 }
 
-QString vdirsyncerConfigurationPath(const BaseFolders &baseFolders)
+QString khalConfigurationPath(const BaseFolders &baseFolders)
+{
+    return baseFolders.configHome + QLatin1String("/khal/config");
+}
+
+/// The first that is there counts.
+QStringList vdirsyncerConfigurationPaths(const BaseFolders &baseFolders)
 {
     if (!baseFolders.vdirsyncerConfiguration.isEmpty())
-        return baseFolders.vdirsyncerConfiguration;
-    const QString inHome = baseFolders.home + QLatin1String("/.vdirsyncer/config");
-    return canonicalPath(inHome) ? inHome : baseFolders.configHome + QLatin1String("/vdirsyncer/config");
+        return { baseFolders.vdirsyncerConfiguration };
+    return { baseFolders.home + QLatin1String("/.vdirsyncer/config"),
+        baseFolders.configHome + QLatin1String("/vdirsyncer/config") };
+}
+
+std::vector<IniSection> vdirsyncerSections(const BaseFolders &baseFolders)
+{
+    const QStringList paths = vdirsyncerConfigurationPaths(baseFolders);
+    return sectionsOf(canonicalPath(paths.first()) ? paths.first() : paths.last());
 }
 
 } // namespace
 
+QStringList peerFiles(const BaseFolders &baseFolders)
+{
+    return QStringList { khalConfigurationPath(baseFolders) } + vdirsyncerConfigurationPaths(baseFolders);
+}
+
 std::vector<ConfiguredFolder> khalFolders(const BaseFolders &baseFolders)
 {
     std::vector<ConfiguredFolder> folders;
-    for (const IniSection &section : sectionsOf(baseFolders.configHome + QLatin1String("/khal/config"))) {
+    for (const IniSection &section : sectionsOf(khalConfigurationPath(baseFolders))) {
         if (section.name.startsWith(QLatin1String("calendars/")))
             addKhalCalendar(folders, section, baseFolders);
     }
@@ -104,7 +121,7 @@ std::vector<ConfiguredFolder> khalFolders(const BaseFolders &baseFolders)
 std::vector<ConfiguredFolder> vdirsyncerFolders(const BaseFolders &baseFolders)
 {
     std::vector<ConfiguredFolder> folders;
-    for (const IniSection &section : sectionsOf(vdirsyncerConfigurationPath(baseFolders))) {
+    for (const IniSection &section : vdirsyncerSections(baseFolders)) {
         const QString path = baseFolders.expanded(section.value(QStringLiteral("path")));
         if (section.name.startsWith(QLatin1String("storage "))
             && section.value(QStringLiteral("type")) == QLatin1String("filesystem")

@@ -13,4 +13,7 @@ namespace mintaro {
 /// The file system storages for .ics files of vdirsyncer's configuration, each a root.
 [[nodiscard]] std::vector<ConfiguredFolder> vdirsyncerFolders(const BaseFolders &baseFolders);
 
+/// Where both look for their configuration, whether it is there or not.
+[[nodiscard]] QStringList peerFiles(const BaseFolders &baseFolders);
+
 } // namespace mintaro

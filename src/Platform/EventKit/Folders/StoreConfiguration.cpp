@@ -103,6 +103,7 @@ QString configurationText(const QString &path)
 void addPeers(StoreConfiguration &configuration, const BaseFolders &baseFolders)
 {
     configuration.folders = khalFolders(baseFolders);
+    configuration.files += peerFiles(baseFolders);
     const std::vector<ConfiguredFolder> more = vdirsyncerFolders(baseFolders);
     configuration.folders.insert(configuration.folders.end(), more.begin(), more.end());
 }
@@ -129,6 +130,7 @@ StoreConfiguration StoreConfiguration::load(const BaseFolders &baseFolders)
 {
     const QString path = filePath(baseFolders);
     StoreConfiguration configuration = StoreConfigurationReader(path, baseFolders).read(configurationText(path));
+    configuration.files = QStringList { path };
     if (configuration.folders.empty())
         addPeers(configuration, baseFolders);
     if (configuration.folders.empty())

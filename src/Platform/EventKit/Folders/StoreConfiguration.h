@@ -43,6 +43,8 @@ struct StoreConfiguration
     QString defaultReminders;
     /// The only folder is a root of our own, which we may make.
     bool isOwnRoot = false;
+    /// The files that it was read from, whether they are there or not: a change of one may make it another.
+    QStringList files;
 
     /// Reads mintaro/store.conf below the XDG config folder. Where it names no root, the folders of khal's and
     /// vdirsyncer's configuration are taken; where these name none, a root of our own below the XDG data folder. Throws
