@@ -183,7 +183,7 @@ void FolderWatcher::setCompared(std::map<QString, Compared> compared)
     if (!added.empty()) {
         const QString others = added.size() == 1
             ? QString()
-            : QStringLiteral(" and %1 other folders").arg(static_cast<qulonglong>(added.size() - 1));
+            : QStringLiteral(" and %1 more").arg(static_cast<qulonglong>(added.size() - 1));
         m_logger.error(QStringLiteral("No change events for %1%2; looking there once a minute")
                            .arg(escapedPath(added.front()), others));
     }
