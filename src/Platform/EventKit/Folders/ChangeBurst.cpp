@@ -75,10 +75,10 @@ StoreChanges ChangeBurst::take(TimePoint now)
 void ChangeBurst::takeNames(StoreChanges &changes, TimePoint now)
 {
     for (auto &[collection, names] : m_names) {
-        std::erase_if(names, [&](const auto &entry) {
+        std::erase_if(names, [&, &place = collection](const auto &entry) {
             const bool mayBeTold = !entry.second || *entry.second <= now;
             if (mayBeTold)
-                changes.objects[collection].append(entry.first);
+                changes.objects[place].append(entry.first);
             return mayBeTold;
         });
     }

@@ -198,7 +198,7 @@ private:
         bool isPresent = false;
         get(isPresent);
         if (isPresent)
-            get(value.emplace());
+            get(value.emplace(T {}));
     }
     template <typename T>
     void get(std::vector<T> &values)
