@@ -17,9 +17,10 @@ UidKey uidKey(QStringView uid)
 void mergeExceptions(std::vector<SeriesException> &into, std::vector<SeriesException> exceptions)
 {
     std::move(exceptions.begin(), exceptions.end(), std::back_inserter(into));
+    // The same moment may be written in several zones.
     const auto place = [](const SeriesException &each) {
         const EventTime &id = each.recurrenceId;
-        return std::tuple(id.reading, id.form, QStringView(id.zone.identifier()));
+        return std::tuple(id.isZoned(), id.instant(TimeZone()));
     };
     std::stable_sort(into.begin(), into.end(), [&](const SeriesException &a, const SeriesException &b) {
         return std::tuple_cat(place(a), std::tuple(a.sequence)) < std::tuple_cat(place(b), std::tuple(b.sequence));

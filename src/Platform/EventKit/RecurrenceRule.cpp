@@ -3,6 +3,7 @@
 #include "Platform/EventKit/ICalValue.h"
 #include "Platform/EventKit/VCalendarRule.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdlib>
 #include <string_view>
@@ -62,6 +63,8 @@ bool parseNumbers(const QByteArray &value, const NumberPart &part, std::vector<i
             return false;
         list.push_back(number);
     }
+    std::sort(list.begin(), list.end());
+    list.erase(std::unique(list.begin(), list.end()), list.end());
     return true;
 }
 
@@ -139,6 +142,8 @@ std::optional<RecurrenceRule> RecurrenceRule::parse(const QByteArray &value)
             return std::nullopt;
         }
     }
+    // RFC 5545 3.3.12: where there are no leap seconds, the second 60 is the second 59.
+    std::replace(rule.bySecond.begin(), rule.bySecond.end(), 60, 59);
     return hasFrequency ? std::optional(rule) : std::nullopt;
 }
 
