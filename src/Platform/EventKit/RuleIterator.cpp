@@ -9,6 +9,9 @@ using Frequency = RecurrenceRule::Frequency;
 
 namespace {
 
+/// Years have four digits (RFC 5545 3.3.4), however long the event that a reading is looked for.
+constexpr LocalTime kEnd = local_days { year { 10'000 } / January / 1 };
+
 seconds unitOf(Frequency frequency)
 {
     switch (frequency) {
@@ -57,7 +60,7 @@ int monthIndex(local_days day)
 
 local_days monthStart(std::int64_t index)
 {
-    // A long interval leaves what chrono's years can hold; there is no occurrence any more then.
+    // A long interval leaves what chrono's years can hold; that is far behind the last day.
     const auto y = static_cast<int>(std::min<std::int64_t>(index / 12, 20'000));
     return local_days { year { y } / month { static_cast<unsigned>(index % 12) + 1 } / 1 };
 }
@@ -70,7 +73,7 @@ RuleIterator::RuleIterator(const RecurrenceRule &rule, LocalTime start, LocalTim
     , m_filter(rule, floor<days>(start))
     , m_start(start)
     , m_startDay(floor<days>(start))
-    , m_limit(limit)
+    , m_limit(std::min(limit, kEnd))
     , m_offsets(makeOffsets())
     , m_period(-1)
 {
