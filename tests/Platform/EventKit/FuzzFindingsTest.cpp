@@ -1,0 +1,43 @@
+#include "fuzz/CalendarChecks.h"
+
+#include <QDirIterator>
+#include <QFile>
+
+#include <gtest/gtest.h>
+
+#include <stdexcept>
+
+namespace mintaro {
+
+namespace {
+
+struct Findings
+{
+    const char *folder;
+    void (*check)(const QByteArray &text);
+};
+
+/// The files of a folder of tests/data, each through the check that it once failed.
+class FuzzFindings : public ::testing::TestWithParam<Findings>
+{
+};
+
+TEST_P(FuzzFindings, AreMended)
+{
+    QDirIterator files(QStringLiteral(MINTARO_TEST_DATA "/") + QLatin1String(GetParam().folder), QDir::Files);
+    ASSERT_TRUE(files.hasNext());
+    while (files.hasNext()) {
+        QFile file(files.next());
+        SCOPED_TRACE(qPrintable(file.fileName()));
+        ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+        EXPECT_NO_THROW(GetParam().check(file.readAll()));
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Folders, FuzzFindings,
+    ::testing::Values(Findings { "fuzz/reader", checkReading }, Findings { "fuzz/recurrence", checkExpansion },
+        Findings { "recurrence", checkReading }, Findings { "recurrence", checkExpansion }));
+
+} // namespace
+
+} // namespace mintaro
