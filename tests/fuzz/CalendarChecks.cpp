@@ -88,6 +88,11 @@ void checkRule(const RecurrenceRule &rule, LocalTime start)
     ExpansionBudget budget { kSteps };
     const std::vector<LocalTime> all = readings(rule, start, start, budget);
     require(std::adjacent_find(all.begin(), all.end(), std::greater_equal()) == all.end(), "readings do not ascend");
+    const std::size_t readingsOfADay = std::max<std::size_t>(rule.byHour.size(), 1)
+        * std::max<std::size_t>(rule.byMinute.size(), 1) * std::max<std::size_t>(rule.bySecond.size(), 1);
+    const bool isSubDaily = rule.frequency < RecurrenceRule::Frequency::Daily;
+    require(
+        isSubDaily || kSteps - budget.steps >= static_cast<std::int64_t>(readingsOfADay), "readings are not counted");
     require(!rule.count || static_cast<std::int64_t>(all.size()) <= *rule.count, "more readings than COUNT");
     for (const std::size_t left : { std::size_t { 1 }, all.size() / 2 }) {
         if (left == 0 || left > all.size())
@@ -163,7 +168,9 @@ void checkWindows(const EventSeries &series)
     const LocalTime start
         = series.master ? series.master->start.reading : series.recurrence->exceptions.front().recurrenceId.reading;
     const sys_seconds first { floor<days>(start).time_since_epoch() };
-    checkWindow(series, { first - days { 40 }, first + days { 100 } }, first + days { 17 } + hours { 5 });
+    // Zones answer slowly for years outside their tables.
+    if (first >= sys_days { year { 1900 } / 3 / 1 } && first < sys_days { year { 2099 } / 1 / 1 })
+        checkWindow(series, { first - days { 40 }, first + days { 100 } }, first + days { 17 } + hours { 5 });
     const sys_seconds fixed = sys_days { year { 2026 } / 3 / 1 };
     checkWindow(series, { fixed, fixed + days { 49 } }, fixed + days { 20 } + seconds { 49'631 });
 }

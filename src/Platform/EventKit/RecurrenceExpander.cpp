@@ -176,6 +176,8 @@ bool Expansion::isPast(const RecurrenceRule::Until &until, LocalTime reading) co
 template <typename Visit>
 bool Expansion::forEach(const RecurrenceRule &rule, Visit &&visit)
 {
+    if (m_budget.steps <= 0)
+        return false;
     RuleIterator iterator(rule, m_master.start.reading, m_to, m_budget);
     iterator.skipTo(m_from);
     while (const auto reading = iterator.next()) {

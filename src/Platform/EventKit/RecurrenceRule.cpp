@@ -63,8 +63,6 @@ bool parseNumbers(const QByteArray &value, const NumberPart &part, std::vector<i
             return false;
         list.push_back(number);
     }
-    std::sort(list.begin(), list.end());
-    list.erase(std::unique(list.begin(), list.end()), list.end());
     return true;
 }
 
@@ -144,6 +142,11 @@ std::optional<RecurrenceRule> RecurrenceRule::parse(const QByteArray &value)
     }
     // RFC 5545 3.3.12: where there are no leap seconds, the second 60 is the second 59.
     std::replace(rule.bySecond.begin(), rule.bySecond.end(), 60, 59);
+    for (const NumberPart &part : kNumberParts) {
+        std::vector<int> &list = rule.*part.list;
+        std::sort(list.begin(), list.end());
+        list.erase(std::unique(list.begin(), list.end()), list.end());
+    }
     return hasFrequency ? std::optional(rule) : std::nullopt;
 }
 

@@ -33,6 +33,7 @@ struct RecurrenceRule
     std::optional<int> count;
     std::optional<Until> until;
     std::chrono::weekday weekStart = std::chrono::Monday;
+    /// The numbers of each part ascend, without doubles.
     std::vector<int> bySecond;
     std::vector<int> byMinute;
     std::vector<int> byHour;

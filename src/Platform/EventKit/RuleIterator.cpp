@@ -31,14 +31,8 @@ bool allows(const std::vector<int> &list, std::int64_t value)
     return list.empty() || std::find(list.begin(), list.end(), value) != list.end();
 }
 
-template <typename T>
-void sortUnique(std::vector<T> &list)
-{
-    std::sort(list.begin(), list.end());
-    list.erase(std::unique(list.begin(), list.end()), list.end());
-}
-
-/// Every sum of one of `base` and one of `parts` times `unit`; `fallback` alone where there are no parts.
+/// Every sum of one of `base` and one of `parts` times `unit`, ascending as these are; `fallback` alone where there are
+/// no parts.
 std::vector<seconds> expand(
     const std::vector<seconds> &base, const std::vector<int> &parts, std::int64_t fallback, seconds unit)
 {
@@ -77,6 +71,7 @@ RuleIterator::RuleIterator(const RecurrenceRule &rule, LocalTime start, LocalTim
     , m_offsets(makeOffsets())
     , m_period(-1)
 {
+    m_budget.steps -= static_cast<std::int64_t>(m_offsets.size());
 }
 
 std::vector<seconds> RuleIterator::makeOffsets() const
@@ -89,7 +84,6 @@ std::vector<seconds> RuleIterator::makeOffsets() const
         offsets = expand(offsets, m_rule.byMinute, time.minutes().count(), minutes { 1 });
     if (m_rule.frequency >= Frequency::Minutely)
         offsets = expand(offsets, m_rule.bySecond, time.seconds().count(), seconds { 1 });
-    sortUnique(offsets);
     if (isSubDaily() && !m_rule.bySetPosition.empty()) {
         // Each hour or minute is a period of its own, and all have the same readings.
         std::vector<seconds> selected;
@@ -108,7 +102,8 @@ std::vector<std::size_t> RuleIterator::selectPositions(std::size_t count) const
         if (place >= 0 && place < static_cast<std::int64_t>(count))
             positions.push_back(static_cast<std::size_t>(place));
     }
-    sortUnique(positions);
+    std::sort(positions.begin(), positions.end());
+    positions.erase(std::unique(positions.begin(), positions.end()), positions.end());
     return positions;
 }
 
