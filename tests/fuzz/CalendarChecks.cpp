@@ -51,22 +51,25 @@ void checkSeries(const EventSeries &series, const ObjectDetails &details)
         checkTiming(each.timing, series.uid, details);
 }
 
-void checkIndex(const CalendarObject &object, qsizetype textSize)
+void checkIndex(const ObjectSchedule &schedule)
 {
-    const QByteArray schedule = packSchedule(object.schedule);
-    require(schedule.size() / 200 <= textSize, "a small text makes a large schedule");
-    const auto unpackedSchedule = unpackSchedule(schedule);
-    require(unpackedSchedule && packSchedule(*unpackedSchedule) == schedule, "the index gives back other times");
-    const QByteArray details = packDetails(object.details);
-    const auto unpackedDetails = unpackDetails(details);
-    require(unpackedDetails && packDetails(*unpackedDetails) == details, "the index gives back other details");
+    const QByteArray packed = packSchedule(schedule);
+    const auto unpacked = unpackSchedule(packed);
+    require(unpacked && packSchedule(*unpacked) == packed, "the index gives back other times");
+}
+
+void checkIndex(const ObjectDetails &details)
+{
+    const QByteArray packed = packDetails(details);
+    const auto unpacked = unpackDetails(packed);
+    require(unpacked && packDetails(*unpacked) == packed, "the index gives back other details");
     std::size_t visited = 0;
-    visitPackedTexts(details, [&](std::uint32_t number, QStringView title, QStringView location, QStringView notes) {
-        const EventItem &item = *object.details.items.at(number);
+    visitPackedTexts(packed, [&](std::uint32_t number, QStringView title, QStringView location, QStringView notes) {
+        const EventItem &item = *details.items.at(number);
         require(number == visited++ && title == item.title && location == item.location && notes == item.notes,
             "a search sees other texts");
     });
-    require(visited == object.details.items.size(), "a search misses texts");
+    require(visited == details.items.size(), "a search misses texts");
 }
 
 /// Some readings of a rule from `from` on.
@@ -182,7 +185,9 @@ void checkReading(const QByteArray &text)
     require(object.schedule.reminders.size() == object.details.reminders.size(), "reminders without their details");
     for (const EventSeries &each : object.schedule.events)
         checkSeries(each, object.details);
-    checkIndex(object, text.size());
+    require(packSchedule(object.schedule).size() / 200 <= text.size(), "a small text makes a large schedule");
+    checkIndex(object.schedule);
+    checkIndex(object.details);
 }
 
 void checkExpansion(const QByteArray &text)
@@ -201,6 +206,21 @@ void checkExpansion(const QByteArray &text)
                 checkRule(rule, series.master->start.reading);
         }
     }
+}
+
+void checkUnpacking(const QByteArray &bytes)
+{
+    if (const auto schedule = unpackSchedule(bytes))
+        checkIndex(*schedule);
+    if (const auto details = unpackDetails(bytes))
+        checkIndex(*details);
+    const auto isInside = [&bytes](QStringView text) {
+        const auto *first = reinterpret_cast<const char *>(text.utf16());
+        return text.isEmpty() || (first >= bytes.begin() && first + text.size() * 2 <= bytes.end());
+    };
+    visitPackedTexts(bytes, [&](std::uint32_t, QStringView title, QStringView location, QStringView notes) {
+        require(isInside(title) && isInside(location) && isInside(notes), "a text from elsewhere");
+    });
 }
 
 } // namespace mintaro

@@ -37,6 +37,7 @@ TEST_P(FuzzFindings, KeepWhatMustHold)
 
 INSTANTIATE_TEST_SUITE_P(Folders, FuzzFindings,
     ::testing::Values(Findings { "Reader", "fuzz/reader", checkReading },
+        Findings { "Index", "fuzz/index", checkUnpacking },
         Findings { "Recurrence", "fuzz/recurrence", checkExpansion },
         Findings { "ReaderOnRules", "recurrence", checkReading },
         Findings { "RecurrenceOnRules", "recurrence", checkExpansion }),

@@ -159,7 +159,7 @@ std::optional<ObjectDetails> unpackDetails(QByteArrayView bytes)
     ObjectDetails details;
     std::int64_t count = 0;
     reader(count);
-    while (--count >= 0 && !reader.failed()) {
+    for (; count > 0 && !reader.failed(); --count) {
         auto item = std::make_shared<EventItem>();
         QByteArray rest;
         reader(item->title, item->location, item->notes, rest);
@@ -170,7 +170,7 @@ std::optional<ObjectDetails> unpackDetails(QByteArrayView bytes)
         details.items.push_back(std::move(item));
     }
     reader(count);
-    while (--count >= 0 && !reader.failed()) {
+    for (; count > 0 && !reader.failed(); --count) {
         auto record = std::make_shared<ReminderRecord>();
         reader(*record);
         details.reminders.push_back(std::move(record));

@@ -57,7 +57,7 @@ void PackReader::get(TimeZone &zone)
         std::int64_t count = 0;
         (*this)(initialOffset, count);
         std::vector<TimeZone::Transition> transitions;
-        while (--count >= 0 && !m_failed) {
+        for (; count > 0 && !m_failed; --count) {
             TimeZone::Transition &each = transitions.emplace_back();
             (*this)(each.at, each.offset);
         }

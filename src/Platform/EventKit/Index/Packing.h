@@ -121,7 +121,7 @@ public:
         if (size <= 0)
             return {};
         m_at += m_at % 2;
-        const QByteArrayView bytes = take(size <= remaining() ? (size - 1) * 2 : -1);
+        const QByteArrayView bytes = take(size - 1 <= remaining() / 2 ? (size - 1) * 2 : -1);
         return m_failed ? QStringView() : QStringView(reinterpret_cast<const char16_t *>(bytes.data()), size - 1);
     }
     void skip(std::int64_t size) { (void)take(size); }
