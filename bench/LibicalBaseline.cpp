@@ -1,9 +1,16 @@
 #include "bench/LibicalBaseline.h"
 
-#include <fstream>
+#include <functional>
+#include <map>
+#include <stdexcept>
 #include <string>
+#include <string_view>
 
+#include <dirent.h>
+#include <fcntl.h>
 #include <libical/ical.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 namespace mintaro::bench {
 
@@ -14,8 +21,28 @@ namespace fs = std::filesystem;
 icaltimezone *zoneOf(icalproperty *property)
 {
     icalparameter *parameter = icalproperty_get_first_parameter(property, ICAL_TZID_PARAMETER);
-    icaltimezone *zone = parameter ? icaltimezone_get_builtin_timezone(icalparameter_get_tzid(parameter)) : nullptr;
-    return zone ? zone : icaltimezone_get_utc_timezone();
+    if (!parameter)
+        return icaltimezone_get_utc_timezone();
+    // The library looks for a name from the first to the last.
+    static std::map<std::string, icaltimezone *, std::less<>> known;
+    const std::string_view name = icalparameter_get_tzid(parameter);
+    auto found = known.find(name);
+    if (found == known.end())
+        found = known.emplace(name, icaltimezone_get_builtin_timezone(std::string(name).c_str())).first;
+    return found->second ? found->second : icaltimezone_get_utc_timezone();
+}
+
+std::string contentOf(int folder, const char *name)
+{
+    const int file = ::openat(folder, name, O_RDONLY | O_CLOEXEC);
+    struct stat status = {};
+    if (file < 0 || ::fstat(file, &status) != 0)
+        throw std::runtime_error(name);
+    std::string text(static_cast<std::size_t>(status.st_size), '\0');
+    if (::read(file, text.data(), text.size()) != status.st_size)
+        throw std::runtime_error(name);
+    ::close(file);
+    return text;
 }
 
 std::int64_t lengthOf(icalcomponent *event, icaltimetype start)
@@ -46,19 +73,34 @@ std::int64_t countOf(icalcomponent *event, std::int64_t begin, std::int64_t end)
     return count;
 }
 
+std::int64_t countIn(icalcomponent *object, std::chrono::sys_seconds begin, std::chrono::sys_seconds end)
+{
+    icalcomponent *event = icalcomponent_get_first_component(object, ICAL_VEVENT_COMPONENT);
+    return event ? countOf(event, begin.time_since_epoch().count(), end.time_since_epoch().count()) : 0;
+}
+
+/// Hands each parsed file of the sub-folders of `root` over to `visit`.
+template <typename Visit>
+void forEachObject(const fs::path &root, Visit &&visit)
+{
+    for (const fs::directory_entry &collection : fs::directory_iterator(root)) {
+        DIR *folder = ::opendir(collection.path().c_str());
+        while (const dirent *entry = folder ? ::readdir(folder) : nullptr) {
+            if (!std::string_view(entry->d_name).ends_with(".ics"))
+                continue;
+            if (icalcomponent *object = icalparser_parse_string(contentOf(::dirfd(folder), entry->d_name).c_str()))
+                visit(object);
+        }
+        if (folder)
+            ::closedir(folder);
+    }
+}
+
 } // namespace
 
 LibicalBaseline::LibicalBaseline(const fs::path &root)
 {
-    for (const fs::directory_entry &entry : fs::recursive_directory_iterator(root)) {
-        if (entry.path().extension() != ".ics")
-            continue;
-        std::ifstream file(entry.path(), std::ios::binary);
-        std::string text(entry.file_size(), '\0');
-        file.read(text.data(), static_cast<std::streamsize>(text.size()));
-        if (icalcomponent *component = icalparser_parse_string(text.c_str()))
-            m_components.push_back(component);
-    }
+    forEachObject(root, [this](icalcomponent *component) { m_components.push_back(component); });
 }
 
 LibicalBaseline::~LibicalBaseline()
@@ -70,10 +112,19 @@ LibicalBaseline::~LibicalBaseline()
 std::int64_t LibicalBaseline::countOccurrences(std::chrono::sys_seconds begin, std::chrono::sys_seconds end) const
 {
     std::int64_t count = 0;
-    for (icalcomponent *each : m_components) {
-        if (icalcomponent *event = icalcomponent_get_first_component(each, ICAL_VEVENT_COMPONENT))
-            count += countOf(event, begin.time_since_epoch().count(), end.time_since_epoch().count());
-    }
+    for (icalcomponent *each : m_components)
+        count += countIn(each, begin, end);
+    return count;
+}
+
+std::int64_t LibicalBaseline::countOccurrencesBelow(
+    const fs::path &root, std::chrono::sys_seconds begin, std::chrono::sys_seconds end)
+{
+    std::int64_t count = 0;
+    forEachObject(root, [&](icalcomponent *component) {
+        count += countIn(component, begin, end);
+        icalcomponent_free(component);
+    });
     return count;
 }
 

@@ -23,6 +23,10 @@ public:
     /// How many occurrences overlap [begin, end), found by walking every series from its start.
     [[nodiscard]] std::int64_t countOccurrences(std::chrono::sys_seconds begin, std::chrono::sys_seconds end) const;
 
+    /// The same in one go, with no more than one component held.
+    [[nodiscard]] static std::int64_t countOccurrencesBelow(
+        const std::filesystem::path &root, std::chrono::sys_seconds begin, std::chrono::sys_seconds end);
+
 private:
     std::vector<icalcomponent_impl *> m_components;
 };

@@ -8,7 +8,7 @@ int main(int argc, char **argv)
 {
     if (argc != 2)
         return 2;
-    const mintaro::bench::LibicalBaseline store(argv[1]);
-    std::printf("%lld\n", static_cast<long long>(store.countOccurrences(mintaro::bench::kBegin, mintaro::bench::kEnd)));
+    using namespace mintaro::bench;
+    std::printf("%lld\n", static_cast<long long>(LibicalBaseline::countOccurrencesBelow(argv[1], kBegin, kEnd)));
     return 0;
 }

@@ -24,9 +24,14 @@ static_assert(std::is_sorted(kNames.begin(), kNames.end()));
 
 QStringDecoder::Encoding encodingOf(const QByteArray &text)
 {
-    if (text.startsWith("\xFF\xFE") || (text.size() > 1 && text[0] != '\0' && text[1] == '\0'))
+    // Without a mark, every other byte of the plain letters that a calendar begins with tells.
+    const auto alternates = [&text](qsizetype letter) {
+        return text.size() >= 4 && text[letter] != '\0' && text[letter + 2] != '\0' && text[1 - letter] == '\0'
+            && text[3 - letter] == '\0';
+    };
+    if (text.startsWith("\xFF\xFE") || alternates(0))
         return QStringDecoder::Utf16LE;
-    if (text.startsWith("\xFE\xFF") || (text.size() > 1 && text[0] == '\0' && text[1] != '\0'))
+    if (text.startsWith("\xFE\xFF") || alternates(1))
         return QStringDecoder::Utf16BE;
     return QStringDecoder::Utf8;
 }

@@ -115,6 +115,11 @@ bool hasStatus(const ICalComponent &component, QStringView status)
     return PropertyReader::text(component, "STATUS").trimmed().compare(status, Qt::CaseInsensitive) == 0;
 }
 
+bool isCancelled(const ICalComponent &component)
+{
+    return hasStatus(component, u"CANCELLED") || hasStatus(component, u"CANCELED");
+}
+
 } // namespace
 
 std::optional<EventComponent> readEvent(
@@ -133,7 +138,7 @@ std::optional<EventComponent> readEvent(
     EventTiming &timing = result.timing;
     timing.start = *start;
     timing.length = readEventLength(component, *start, reader);
-    timing.isCancelled = hasStatus(component, u"CANCELLED");
+    timing.isCancelled = isCancelled(component);
     readDetails(component, reader, userAddresses, timing.length, item);
     if (component.property("RECURRENCE-ID")) {
         if (const auto id = reader.time(component, "RECURRENCE-ID"))
@@ -147,7 +152,7 @@ std::optional<EventComponent> readEvent(
 
 std::shared_ptr<ReminderRecord> readReminder(const ICalComponent &component, PropertyReader &reader)
 {
-    if (hasStatus(component, u"CANCELLED"))
+    if (isCancelled(component))
         return nullptr;
     auto record = std::make_shared<ReminderRecord>();
     record->uid = PropertyReader::text(component, "UID").trimmed();

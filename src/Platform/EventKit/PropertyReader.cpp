@@ -90,6 +90,8 @@ std::optional<TimeZone> PropertyReader::zone(const QString &tzid)
     if (!zone) {
         if (const auto own = m_ownZones->find(tzid.trimmed()); own != m_ownZones->end())
             zone = readTimeZone(*own->second, *this);
+        else
+            zone = zoneOfOffset(tzid);
     }
     if (!zone)
         complain(QStringLiteral("unknown time zone \"%1\", read as local time").arg(tzid.left(kLongestExcerpt)));

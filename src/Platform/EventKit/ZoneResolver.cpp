@@ -1,5 +1,7 @@
 #include "Platform/EventKit/ZoneResolver.h"
 
+#include "Platform/EventKit/ICalValue.h"
+
 #include <QHash>
 #include <QMutex>
 #include <QTimeZone>
@@ -105,6 +107,16 @@ std::optional<TimeZone> resolveZone(const QString &tzid)
     if (known.size() > 2'000)
         known.clear();
     return known[tzid] = search(tzid);
+}
+
+std::optional<TimeZone> zoneOfOffset(const QString &tzid)
+{
+    QString offset = tzid.simplified().remove(u' ');
+    if (offset.startsWith(u"GMT") || offset.startsWith(u"UTC"))
+        offset.remove(0, 3);
+    const bool isSigned = offset.startsWith(u'+') || offset.startsWith(u'-');
+    const auto seconds = isSigned ? parseUtcOffset(offset.toLatin1()) : std::nullopt;
+    return seconds ? std::optional(TimeZone::custom(tzid, *seconds, {})) : std::nullopt;
 }
 
 } // namespace mintaro

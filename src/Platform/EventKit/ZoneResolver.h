@@ -13,4 +13,7 @@ namespace mintaro {
 /// remembered; usable from any thread.
 [[nodiscard]] std::optional<TimeZone> resolveZone(const QString &tzid);
 
+/// The zone of a TZID that is a mere offset ("GMT+0100", "UTC-05:30", "+02"). Empty for all else.
+[[nodiscard]] std::optional<TimeZone> zoneOfOffset(const QString &tzid);
+
 } // namespace mintaro
