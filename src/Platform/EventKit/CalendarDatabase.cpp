@@ -2,6 +2,7 @@
 
 #include "Platform/Foundation/Parallel.h"
 
+#include <iterator>
 #include <set>
 #include <tuple>
 
@@ -11,8 +12,6 @@ using namespace std::chrono;
 
 namespace {
 
-/// For all the rules of a query together: about a second's work.
-constexpr std::int64_t kStepsPerQuery = 50'000'000;
 /// Who follows the store is likely to page on by a month or two.
 constexpr days kMargin { 62 };
 
@@ -125,23 +124,36 @@ std::vector<EKEvent> CalendarDatabase::events(const EKEventPredicate &predicate)
         return {};
     const CalendarIndex::Snapshot snapshot(m_index.get());
     const std::vector<std::vector<bool>> matching = matchingItems(predicate);
-    ExpansionBudget budget { kStepsPerQuery };
-    std::vector<FoundOccurrence> found;
-    for (std::size_t i = 0; i < m_collections.size(); ++i) {
+    std::vector<std::vector<FoundOccurrence>> parts(m_collections.size());
+    const auto query = [&](std::size_t i) {
+        return CollectionContents::Query { predicate.start, predicate.end, m_environment.timeZone(),
+            m_isFollowing ? kMargin : days { 0 }, predicate.text ? &matching[i] : nullptr };
+    };
+    const auto look = [&](std::size_t i) {
         StoredCollection &each = *m_collections[i];
         if (!isWanted(predicate.calendarIdentifiers, each.info().identifier))
-            continue;
-        const CollectionContents::Query query { predicate.start, predicate.end, m_environment.timeZone(),
-            m_isFollowing ? kMargin : days { 0 }, predicate.text ? &matching[i] : nullptr };
-        each.contents().events(
-            query, budget,
-            [&](const Occurrence &occurrence, sys_seconds start, sys_seconds end) {
-                found.push_back({ occurrence, start, end, i });
-            },
-            [&](const QString &name) {
-                each.complain(name, QStringLiteral("a rule with too many occurrences, left out"));
-            });
+            return;
+        each.events(query(i), [&](const Occurrence &occurrence, sys_seconds start, sys_seconds end) {
+            parts[i].push_back({ occurrence, start, end, i });
+        });
+        std::vector<std::uint32_t> items;
+        std::transform(parts[i].begin(), parts[i].end(), std::back_inserter(items),
+            [](const FoundOccurrence &found) { return found.occurrence.item; });
+        each.contents().load(items);
+    };
+    bool isPrepared = true;
+    for (std::size_t i = 0; i < parts.size(); ++i)
+        isPrepared = isPrepared && m_collections[i]->contents().isPrepared(query(i));
+    // The first question about a time takes long, the others not even as long as to begin a thread.
+    if (isPrepared) {
+        for (std::size_t i = 0; i < parts.size(); ++i)
+            look(i);
+    } else {
+        forEachInParallel(parts.size(), look);
     }
+    std::vector<FoundOccurrence> found;
+    for (std::vector<FoundOccurrence> &part : parts)
+        std::move(part.begin(), part.end(), std::back_inserter(found));
     std::sort(found.begin(), found.end(), [](const auto &a, const auto &b) { return a.key() < b.key(); });
     std::vector<EKEvent> result;
     result.reserve(found.size());

@@ -175,6 +175,12 @@ void CollectionContents::rebuild(const Report &duplicate)
     m_single = Occurrences(single);
 }
 
+bool CollectionContents::isPrepared(const Query &query) const
+{
+    const auto covers = [&query](const ExpandedWindow &each) { return each.covers(query); };
+    return !query.items && (m_series.empty() || std::any_of(m_windows.begin(), m_windows.end(), covers));
+}
+
 void CollectionContents::events(const Query &query, ExpansionBudget &budget, const Found &found, const Report &refused)
 {
     if (query.items) {
@@ -200,9 +206,8 @@ void CollectionContents::expand(const Series &series, const ExpansionWindow &win
 const CollectionContents::Occurrences &CollectionContents::expanded(
     const Query &query, ExpansionBudget &budget, const Report &refused)
 {
-    const auto covers
-        = [&](const ExpandedWindow &each) { return each.window.begin <= query.begin && query.end <= each.window.end; };
-    const auto known = std::find_if(m_windows.begin(), m_windows.end(), covers);
+    const auto known = std::find_if(
+        m_windows.begin(), m_windows.end(), [&](const ExpandedWindow &each) { return each.covers(query); });
     if (known != m_windows.end()) {
         std::rotate(m_windows.begin(), known, known + 1);
         return m_windows.front().occurrences;
@@ -239,6 +244,19 @@ void CollectionContents::matchingEvents(
             expand(each, window, budget, refused, all);
     }
     Occurrences(all).search(query, take);
+}
+
+void CollectionContents::load(const std::vector<std::uint32_t> &items)
+{
+    std::vector<StoredObject *> objects;
+    for (const std::uint32_t item : items) {
+        StoredObject *object = placeOf(item).object;
+        if (!object->details)
+            objects.push_back(object);
+    }
+    std::sort(objects.begin(), objects.end());
+    objects.erase(std::unique(objects.begin(), objects.end()), objects.end());
+    m_source.loadDetails(objects);
 }
 
 std::vector<bool> CollectionContents::matchingItems(const TextMatcher &text)
@@ -287,7 +305,9 @@ ObjectDetails &CollectionContents::details(const Place &place)
 {
     StoredObject &object = *place.object;
     if (!object.details)
-        object.details = std::make_unique<ObjectDetails>(m_source.loadDetails(*place.name, object));
+        m_source.loadDetails({ &object });
+    if (!object.details)
+        object.details = std::make_unique<ObjectDetails>(m_source.readDetails(*place.name));
     // What is read again may by now be another revision, and have less in it.
     const std::size_t count = place.firstReminder - place.firstItem;
     while (object.details->items.size() < count)

@@ -19,7 +19,9 @@ class DetailsSource
 {
 public:
     virtual ~DetailsSource() = default;
-    [[nodiscard]] virtual ObjectDetails loadDetails(const QString &name, const StoredObject &object) = 0;
+    /// Sets the details of these objects, or of some of them: what is quick to get.
+    virtual void loadDetails(const std::vector<StoredObject *> &objects) = 0;
+    [[nodiscard]] virtual ObjectDetails readDetails(const QString &name) = 0;
     /// Called with StoredObject::detailsNumber, the revision, and details that visitPackedTexts can look into.
     using Visitor = std::function<void(std::int64_t number, const ObjectRevision &revision, QByteArrayView packed)>;
     /// Visits what it has of the objects, in no order, without loading anything.
@@ -73,6 +75,8 @@ public:
     [[nodiscard]] bool holdsEvents() const { return m_holdsEvents; }
     [[nodiscard]] bool holdsReminders() const { return m_holdsReminders; }
 
+    /// Whether `events` is quick: no rule is to be expanded for it.
+    [[nodiscard]] bool isPrepared(const Query &query) const;
     /// All occurrences that overlap [begin, end), in no order. `refused` is told, once each, of objects whose rules
     /// were left out because they cost too much.
     void events(const Query &query, ExpansionBudget &budget, const Found &found, const Report &refused);
@@ -80,6 +84,8 @@ public:
     /// By their numbers in the collection, the items whose title, location or notes it finds.
     [[nodiscard]] std::vector<bool> matchingItems(const TextMatcher &text);
 
+    /// Brings what these items say into memory at once.
+    void load(const std::vector<std::uint32_t> &items);
     /// What an occurrence says.
     [[nodiscard]] std::shared_ptr<const EventItem> item(const Occurrence &occurrence) { return item(occurrence.item); }
     /// What tells the occurrence's identifier from that of another event of its UID; mostly empty.
@@ -129,6 +135,11 @@ private:
     {
         ExpansionWindow window;
         Occurrences occurrences;
+
+        [[nodiscard]] bool covers(const Query &query) const
+        {
+            return window.begin <= query.begin && query.end <= window.end;
+        }
     };
 
     /// Who has a UID first, and the exceptions of it that lie in other objects.

@@ -10,6 +10,9 @@ namespace mintaro {
 
 namespace {
 
+/// For all the rules of a query together: about half a second's work.
+constexpr std::int64_t kStepsPerQuery = 25'000'000;
+
 EKCalendar makeCalendar(const StoreCollection &info, const CollectionContents &contents)
 {
     EKCalendar calendar;
@@ -176,14 +179,17 @@ void StoredCollection::writeIndex()
     m_index->write(m_info.identifier, stamp(), changes, gone);
 }
 
-ObjectDetails StoredCollection::loadDetails(const QString &name, const StoredObject &object)
+void StoredCollection::loadDetails(const std::vector<StoredObject *> &objects)
 {
-    if (m_index && object.detailsNumber != 0) {
-        if (auto details = m_index->details(object))
-            return std::move(*details);
-        // The next run is to write it anew.
+    if (m_index)
+        m_index->loadDetails(objects);
+}
+
+ObjectDetails StoredCollection::readDetails(const QString &name)
+{
+    // What the index lost of it the next run is to write anew.
+    if (m_index)
         m_index->write(m_info.identifier, stamp(), {}, { name });
-    }
     auto read = parse(name);
     return read ? std::move(read->details) : ObjectDetails();
 }
@@ -192,6 +198,13 @@ void StoredCollection::visitDetails(const Visitor &visit)
 {
     if (m_index)
         m_index->visitDetails(m_info.identifier, stamp(), visit);
+}
+
+void StoredCollection::events(const CollectionContents::Query &query, const CollectionContents::Found &found)
+{
+    ExpansionBudget budget { kStepsPerQuery };
+    m_contents.events(query, budget, found,
+        [this](const QString &name) { complain(name, QStringLiteral("a rule with too many occurrences, left out")); });
 }
 
 void StoredCollection::complain(const QString &name, const QString &text) const

@@ -34,10 +34,12 @@ public:
     /// Remembers in the index what was taken, and makes the contents ready for questions.
     void finish();
 
-    void complain(const QString &name, const QString &text) const;
+    /// As the contents' own, with a limit on the work and the log for what is beyond it.
+    void events(const CollectionContents::Query &query, const CollectionContents::Found &found);
 
 private:
-    [[nodiscard]] ObjectDetails loadDetails(const QString &name, const StoredObject &object) override;
+    void loadDetails(const std::vector<StoredObject *> &objects) override;
+    [[nodiscard]] ObjectDetails readDetails(const QString &name) override;
     void visitDetails(const Visitor &visit) override;
     [[nodiscard]] std::vector<ObjectState> examineAll();
     [[nodiscard]] bool isHeld(const ObjectState &state) const;
@@ -45,6 +47,7 @@ private:
     [[nodiscard]] QString stamp() const { return m_info.userAddresses.join(u' '); }
     [[nodiscard]] std::vector<ObjectState> takeFromIndex(std::vector<ObjectState> present);
     void writeIndex();
+    void complain(const QString &name, const QString &text) const;
 
     StoreBackend &m_backend;
     CalendarIndex *const m_index;

@@ -19,6 +19,7 @@ namespace mintaro {
 namespace {
 
 constexpr char kTables[] = R"(
+PRAGMA page_size = 16384;
 PRAGMA journal_mode = WAL;
 CREATE TABLE IF NOT EXISTS collections (
     id INTEGER PRIMARY KEY, identifier TEXT NOT NULL UNIQUE, stamp TEXT NOT NULL, written INTEGER NOT NULL);
@@ -316,17 +317,24 @@ std::vector<CalendarIndex::Entry> CalendarIndex::load(const QString &collection,
     return entries;
 }
 
-std::optional<ObjectDetails> CalendarIndex::details(const StoredObject &object)
+void CalendarIndex::loadDetails(const std::vector<StoredObject *> &objects)
 {
-    QByteArray row;
+    std::vector<QByteArray> rows(objects.size());
     use([&](Connection &connection) {
-        sqlite::Statement &found = connection.statements().details.bind(object.detailsNumber);
-        if (found.step())
-            row = found.bytes(0).toByteArray();
-        found.reset();
+        for (std::size_t i = 0; i < objects.size(); ++i) {
+            sqlite::Statement &found = connection.statements().details.bind(objects[i]->detailsNumber);
+            if (found.step())
+                rows[i] = found.bytes(0).toByteArray();
+            found.reset();
+        }
     });
-    const auto content = unsealed(row);
-    return content && content->revision == object.revision ? unpackDetails(content->content) : std::nullopt;
+    for (std::size_t i = 0; i < objects.size(); ++i) {
+        const auto content = unsealed(rows[i]);
+        auto details
+            = content && content->revision == objects[i]->revision ? unpackDetails(content->content) : std::nullopt;
+        if (details)
+            objects[i]->details = std::make_unique<ObjectDetails>(std::move(*details));
+    }
 }
 
 void CalendarIndex::visitDetails(const QString &collection, const QString &stamp,

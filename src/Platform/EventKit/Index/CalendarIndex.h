@@ -28,8 +28,8 @@ public:
     /// All that is known of a collection, in no order and without details. `stamp` stands for what the objects' meaning
     /// depends on besides their text; what was remembered under another one does not count.
     [[nodiscard]] std::vector<Entry> load(const QString &collection, const QString &stamp);
-    /// Empty where they are gone, or by now those of another revision.
-    [[nodiscard]] std::optional<ObjectDetails> details(const StoredObject &object);
+    /// Brings the details of these objects into memory, in so far as they are still there and of the object's revision.
+    void loadDetails(const std::vector<StoredObject *> &objects);
     /// Visits the details of all that is known of a collection, in no order: by their number, with the revision that
     /// they are of and what unpackDetails takes.
     void visitDetails(const QString &collection, const QString &stamp,
