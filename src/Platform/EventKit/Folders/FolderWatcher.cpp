@@ -264,7 +264,7 @@ void FolderWatcher::handle(const inotify_event &event, ChangeBurst::TimePoint no
         m_watches.erase(found);
     else if ((event.mask & (kSelfEvents | IN_UNMOUNT)) != 0 || event.len == 0)
         m_burst.addCollections(now);
-    else if (const std::optional<QString> name = fileName(event.name))
+    else if (const std::optional<QString> name = fileName(static_cast<const char *>(event.name)))
         handleEntry(found->second, *name, event.mask, now);
 }
 
