@@ -177,6 +177,11 @@ void StoredCollection::writeIndex()
             changes.push_back({ name, object });
     }
     m_index->write(m_info.identifier, stamp(), changes, gone);
+    // What is shown of them comes back from there; the rest of a large store need not lie in memory.
+    for (const CalendarIndex::Change &each : changes) {
+        if (each.object->detailsNumber != 0)
+            each.object->details.reset();
+    }
 }
 
 void StoredCollection::loadDetails(const std::vector<StoredObject *> &objects)
