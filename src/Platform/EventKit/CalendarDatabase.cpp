@@ -239,17 +239,19 @@ void CalendarDatabase::applyCollections()
     Collections present;
     std::vector<StoredCollection *> all;
     for (StoreCollection &info : m_backend->collections()) {
-        const auto held = std::find_if(m_collections.begin(), m_collections.end(),
-            [&info](const auto &each) { return each && each->info().identifier == info.identifier; });
+        const StoredCollection *held = find(info.identifier);
         // Who the user is stands in the parsed attendees.
-        const bool isKept = held != m_collections.end() && (*held)->info().userAddresses == info.userAddresses;
-        present.push_back(
-            isKept ? std::move(*held) : std::make_unique<StoredCollection>(*m_backend, m_index.get(), m_logger));
+        const bool isKept = held && held->info().userAddresses == info.userAddresses;
+        present.push_back(isKept ? std::move(m_collections[m_places[info.identifier]])
+                                 : std::make_unique<StoredCollection>(*m_backend, m_index.get(), m_logger));
         present.back()->setInfo(std::move(info));
         all.push_back(present.back().get());
     }
     apply(all, {});
     m_collections = std::move(present);
+    m_places.clear();
+    for (std::size_t i = 0; i < m_collections.size(); ++i)
+        m_places.insert(m_collections[i]->info().identifier, i);
 }
 
 /// Brings these collections to the present state of the objects that `names` tells for them, or of all. What takes long
@@ -281,9 +283,8 @@ void CalendarDatabase::apply(
 
 StoredCollection *CalendarDatabase::find(const QString &identifier)
 {
-    const auto found = std::find_if(m_collections.begin(), m_collections.end(),
-        [&identifier](const auto &each) { return each->info().identifier == identifier; });
-    return found == m_collections.end() ? nullptr : found->get();
+    const auto place = m_places.constFind(identifier);
+    return place == m_places.constEnd() ? nullptr : m_collections[*place].get();
 }
 
 } // namespace mintaro

@@ -6,6 +6,7 @@
 #include "Platform/Foundation/Logger.h"
 #include "Platform/Foundation/NotificationCenter.h"
 
+#include <QHash>
 #include <QMutex>
 
 namespace mintaro {
@@ -48,6 +49,8 @@ private:
     QMutex m_mutex;
     const std::unique_ptr<CalendarIndex> m_index;
     Collections m_collections;
+    /// In m_collections, by identifier.
+    QHash<QString, std::size_t> m_places;
     /// What the backend told of and no query has looked at yet.
     StoreChanges m_pending;
     bool m_isGranted = false;
