@@ -12,6 +12,8 @@ namespace mintaro {
 namespace {
 
 constexpr char kNoSeparator = '\0';
+/// What of a line is looked at to tell what it is.
+constexpr qsizetype kLongestHead = 200;
 
 /// What programs that do not write names in capitals may begin a line with.
 constexpr std::array<std::string_view, 54> kNames { "ACTION", "ATTACH", "ATTENDEE", "BEGIN", "CALSCALE", "CATEGORIES",
@@ -72,13 +74,11 @@ bool holdsProse(QByteArrayView line)
     });
 }
 
-/// A value of vCalendar 1.0 that goes on in the next line.
-bool isSoftlyBroken(QByteArrayView line)
+/// Whether the value is one of vCalendar 1.0 that a "=" at the end of a line breaks.
+bool isQuotedPrintable(QByteArrayView line)
 {
-    if (!line.endsWith('='))
-        return false;
-    const QByteArrayView head = line.first(std::max<qsizetype>(line.indexOf(':'), 0));
-    return head.toByteArray().toUpper().contains("QUOTED-PRINTABLE");
+    const QByteArrayView head = line.first(std::min(line.size(), kLongestHead));
+    return head.first(std::max<qsizetype>(head.indexOf(':'), 0)).toByteArray().toUpper().contains("QUOTED-PRINTABLE");
 }
 
 } // namespace
@@ -96,6 +96,7 @@ ContentLines::ContentLines(const QByteArray &text)
     }
     m_at = m_text.data();
     m_end = m_at + m_text.size();
+    m_lineFeed = m_at;
 }
 
 /// The bytes up to the next line break, and passes that and all that follow at once.
@@ -105,7 +106,10 @@ ContentLines::Span ContentLines::takePhysical()
         auto *found = static_cast<char *>(std::memchr(begin, byte, static_cast<std::size_t>(end - begin)));
         return found ? found : end;
     };
-    const Span line { m_at, find(m_at, find(m_at, m_end, '\n'), '\r') };
+    // Looked for once: a text may have carriage returns alone.
+    if (m_lineFeed <= m_at)
+        m_lineFeed = find(m_at, m_end, '\n');
+    const Span line { m_at, find(m_at, m_lineFeed, '\r') };
     m_endsInLine = line.end == m_end;
     m_at = std::find_if_not(line.end, m_end, [](char byte) { return byte == '\n' || byte == '\r'; });
     return line;
@@ -130,10 +134,14 @@ std::optional<ContentLines::Line> ContentLines::next()
     } while (line.begin == line.end);
 
     const auto text = [&line] { return QByteArrayView(line.begin, line.end); };
-    const auto rest = [this] { return QByteArrayView(m_at, std::find(m_at, m_end, '\n')); };
+    const auto rest = [this] { return QByteArrayView(m_at, std::min(m_end, m_at + kLongestHead)); };
+    std::optional<bool> isSoftlyBroken;
     bool wasBroken = false;
     while (m_at != m_end) {
-        if (isSoftlyBroken(text())) {
+        const bool endsSoftly = text().endsWith('=');
+        if (endsSoftly && !isSoftlyBroken)
+            isSoftlyBroken = isQuotedPrintable(text());
+        if (endsSoftly && *isSoftlyBroken) {
             --line.end;
             append(line, kNoSeparator);
         } else if (isBlank(*m_at)) {

@@ -46,6 +46,8 @@ private:
     QStringList m_complaints;
     char *m_at;
     char *m_end;
+    /// The first at or after m_at that is known of.
+    char *m_lineFeed;
     bool m_endsInLine = false;
 };
 

@@ -89,10 +89,11 @@ QString excerpt(QByteArrayView line)
 /// Zone names with colons in them should stand in quotes and often do not: the value begins where a day does.
 qsizetype colonBeforeTime(QByteArrayView line, qsizetype first)
 {
-    for (qsizetype colon = first; colon >= 0; colon = line.indexOf(':', colon + 1)) {
-        const QByteArrayView value = trimmed(line.sliced(colon + 1));
-        const auto isPart = [](char byte) { return (byte >= '0' && byte <= '9') || byte == '-'; };
-        if (value.size() >= 8 && std::all_of(value.begin(), value.begin() + 8, isPart))
+    const auto isBlank = [](char byte) { return byte == ' ' || byte == '\t'; };
+    const auto isPart = [](char byte) { return (byte >= '0' && byte <= '9') || byte == '-'; };
+    for (qsizetype colon = first; colon >= 0 && colon < line.size(); colon = line.indexOf(':', colon + 1)) {
+        const auto value = std::find_if_not(line.begin() + colon + 1, line.end(), isBlank);
+        if (line.end() - value >= 8 && std::all_of(value, value + 8, isPart))
             return colon;
     }
     return first;
@@ -149,10 +150,10 @@ public:
 private:
     void take(const ContentLines::Line &line)
     {
-        const auto property = parseProperty(line.text);
         if (line.text.size() > kMaximumLine)
-            lose(QStringLiteral("a line longer than 256 KiB"));
-        else if (!property)
+            return lose(QStringLiteral("a line longer than 256 KiB"));
+        const auto property = parseProperty(line.text);
+        if (!property)
             lose(QStringLiteral("a line that is no property: \"%1\"").arg(excerpt(line.text)));
         else if (property->parameters.count(';') > kMaximumParameters)
             lose(QStringLiteral("a property with more than 100 parameters"));

@@ -18,32 +18,43 @@ constexpr std::array<char16_t, 32> kWindows1252 { 0x20AC, 0x81, 0x201A, 0x0192, 
 
 constexpr days kLongest { 366 * 1'000 };
 
-/// The length of the well-formed sequence at the front; 0 where there is none.
+/// The length of the well-formed sequence of UTF-8 (RFC 3629) at the front; 0 where there is none.
 qsizetype sequenceLength(QByteArrayView bytes)
 {
-    const auto lead = static_cast<unsigned char>(bytes[0]);
-    const qsizetype length = lead < 0x80 ? 1 : lead >= 0xF0 ? 4 : lead >= 0xE0 ? 3 : 2;
-    if (length > bytes.size())
+    const auto byte = [bytes](qsizetype i) { return static_cast<unsigned char>(bytes[i]); };
+    const unsigned lead = byte(0);
+    if (lead < 0x80)
+        return 1;
+    const qsizetype length = lead >= 0xF0 ? 4 : lead >= 0xE0 ? 3 : 2;
+    if (lead < 0xC2 || lead > 0xF4 || length > bytes.size())
         return 0;
-    QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
-    const QString decoded = decoder(bytes.first(length));
-    return decoder.hasError() || decoded.isEmpty() ? 0 : length;
+    for (qsizetype i = 1; i < length; ++i) {
+        if ((byte(i) & 0xC0) != 0x80)
+            return 0;
+    }
+    // Written too long, half a surrogate pair, beyond the last character.
+    const unsigned second = byte(1);
+    const bool isOdd = (lead == 0xE0 && second < 0xA0) || (lead == 0xED && second > 0x9F)
+        || (lead == 0xF0 && second < 0x90) || (lead == 0xF4 && second > 0x8F);
+    return isOdd ? 0 : length;
 }
 
 QString decodeMixed(QByteArrayView bytes)
 {
     QString text;
-    while (!bytes.isEmpty()) {
-        const qsizetype length = sequenceLength(bytes);
-        if (length > 0) {
-            text += QString::fromUtf8(bytes.first(length));
-        } else {
-            const auto byte = static_cast<unsigned char>(bytes[0]);
-            text += QChar(byte >= 0x80 && byte < 0xA0 ? kWindows1252[byte - 0x80u] : byte);
+    qsizetype wellFormed = 0;
+    while (wellFormed < bytes.size()) {
+        if (const qsizetype length = sequenceLength(bytes.sliced(wellFormed)); length > 0) {
+            wellFormed += length;
+            continue;
         }
-        bytes = bytes.sliced(std::max<qsizetype>(length, 1));
+        const auto byte = static_cast<unsigned char>(bytes[wellFormed]);
+        text += QString::fromUtf8(bytes.first(wellFormed));
+        text += QChar(byte >= 0x80 && byte < 0xA0 ? kWindows1252[byte - 0x80u] : byte);
+        bytes = bytes.sliced(wellFormed + 1);
+        wellFormed = 0;
     }
-    return text;
+    return text + QString::fromUtf8(bytes);
 }
 
 int hexDigit(char byte)

@@ -93,6 +93,23 @@ INSTANTIATE_TEST_SUITE_P(Structure, HostileText,
         HostileRow { "SameUidOften", calendarOf((event(kPlain) + '\n').repeated(2'000)), 2'000, "more than once" }),
     [](const auto &row) { return std::string(row.param.rule); });
 
+// What would cost the square of its length if it were not looked at once.
+INSTANTIATE_TEST_SUITE_P(Length, HostileText,
+    ::testing::Values(HostileRow { "CarriageReturnsAlone",
+                          calendarOf((event(kPlain + "\nDESCRIPTION:x") + '\n').repeated(80'000)).replace('\n', '\r'),
+                          80'000, "more than once" },
+        HostileRow { "SoftBreaksOfNothing", calendarOf("X-A" + QByteArray("=\n ").repeated(2'000'000)), 0, "256 KiB" },
+        HostileRow { "ColonsAndBlanks",
+            calendarOf((event("DTSTART" + QByteArray(120'000, ':') + QByteArray(120'000, ' ')) + '\n').repeated(30)), 0,
+            "DTSTART without sense" },
+        HostileRow { "ManyBytesThatAreNoUtf8",
+            calendarOf((event(kPlain + "\nSUMMARY:" + QByteArray("\xe9\xff").repeated(120'000)) + '\n').repeated(30)),
+            30, "more than once" },
+        HostileRow { "ProseInManyLines",
+            calendarOf(event(kPlain + "\nDESCRIPTION:" + QByteArray("a b\n").repeated(60'000))), 1,
+            "a line break within DESCRIPTION" }),
+    [](const auto &row) { return std::string(row.param.rule); });
+
 INSTANTIATE_TEST_SUITE_P(Values, HostileText,
     ::testing::Values(HostileRow { "NoStart", calendarOf(event("SUMMARY:x")), 0, "without a start" },
         HostileRow { "ImpossibleStart", calendarOf(event("DTSTART:20261399T000000Z")), 0, "DTSTART without sense" },
