@@ -258,7 +258,7 @@ Ratios addInProcess(GeneratedStore &store, GeneratedStore &large)
     addFresh("queryFirst", [&](auto &state) { queryFirst(state, store); });
     addKept("queryWarm", [&](auto &state) { queryWarm(state, store); });
     addKept("queryWarm100k", [&](auto &state) { queryWarm(state, large); });
-    addKept("searchFew", [&](auto &state) { search(state, store, "item 4711"); });
+    addKept("searchFew", [&](auto &state) { search(state, store, "item 47"); });
     addKept("searchAll", [&](auto &state) { search(state, store, "notes"); });
     addKept("refreshAll", [&](auto &state) { refreshAll(state, store); });
     addFresh("firstLabel", [&](auto &state) { firstLabel(state, store); });

@@ -130,26 +130,32 @@ std::vector<EKEvent> CalendarDatabase::events(const EKEventPredicate &predicate)
             m_isFollowing ? kMargin : days { 0 }, predicate.text ? &matching[i] : nullptr };
     };
     const auto look = [&](std::size_t i) {
-        StoredCollection &each = *m_collections[i];
-        if (!isWanted(predicate.calendarIdentifiers, each.info().identifier))
-            return;
-        each.events(query(i), [&](const Occurrence &occurrence, sys_seconds start, sys_seconds end) {
+        m_collections[i]->events(query(i), [&](const Occurrence &occurrence, sys_seconds start, sys_seconds end) {
             parts[i].push_back({ occurrence, start, end, i });
         });
+    };
+    const auto load = [&](std::size_t i) {
         std::vector<std::uint32_t> items;
         std::transform(parts[i].begin(), parts[i].end(), std::back_inserter(items),
             [](const FoundOccurrence &found) { return found.occurrence.item; });
-        each.contents().load(items);
+        m_collections[i]->contents().load(items);
     };
+    std::vector<std::size_t> wanted;
     bool isPrepared = true;
-    for (std::size_t i = 0; i < parts.size(); ++i)
+    for (std::size_t i = 0; i < m_collections.size(); ++i) {
+        if (!isWanted(predicate.calendarIdentifiers, m_collections[i]->info().identifier))
+            continue;
+        wanted.push_back(i);
         isPrepared = isPrepared && m_collections[i]->contents().isPrepared(query(i));
+    }
     // The first question about a time takes long, the others not even as long as to begin a thread.
     if (isPrepared) {
-        for (std::size_t i = 0; i < parts.size(); ++i)
-            look(i);
+        std::for_each(wanted.begin(), wanted.end(), look);
     } else {
-        forEachInParallel(parts.size(), look);
+        forEachInParallel(wanted.size(), [&](std::size_t n) {
+            look(wanted[n]);
+            load(wanted[n]);
+        });
     }
     std::vector<FoundOccurrence> found;
     for (std::vector<FoundOccurrence> &part : parts)
