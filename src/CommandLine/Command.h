@@ -48,7 +48,7 @@ public:
     explicit LoadedState(const QCommandLineParser &arguments);
     ~LoadedState();
 
-    /// Keeps what is shown true over midnights and changes of zone.
+    /// AppContext::follow: keeps what is shown true.
     void follow() { m_context.follow(); }
 
     [[nodiscard]] AppState &appState() { return *m_appState; }

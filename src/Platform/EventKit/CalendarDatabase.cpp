@@ -15,11 +15,6 @@ namespace {
 /// Who follows the store is likely to page on by a month or two.
 constexpr days kMargin { 62 };
 
-bool isWanted(const std::optional<std::vector<QString>> &identifiers, const QString &identifier)
-{
-    return !identifiers || std::find(identifiers->begin(), identifiers->end(), identifier) != identifiers->end();
-}
-
 /// An occurrence with its place among those of equal starts.
 struct FoundOccurrence
 {
@@ -123,7 +118,8 @@ std::vector<EKEvent> CalendarDatabase::events(const EKEventPredicate &predicate)
     if (predicate.end <= predicate.start)
         return {};
     const CalendarIndex::Snapshot snapshot(m_index.get());
-    const std::vector<std::vector<bool>> matching = matchingItems(predicate);
+    const std::vector<std::size_t> wanted = this->wanted(predicate.calendarIdentifiers);
+    const std::vector<std::vector<bool>> matching = matchingItems(wanted, predicate.text);
     std::vector<std::vector<FoundOccurrence>> parts(m_collections.size());
     const auto query = [&](std::size_t i) {
         return CollectionContents::Query { predicate.start, predicate.end, m_environment.timeZone(),
@@ -140,16 +136,9 @@ std::vector<EKEvent> CalendarDatabase::events(const EKEventPredicate &predicate)
             [](const FoundOccurrence &found) { return found.occurrence.item; });
         m_collections[i]->contents().load(items);
     };
-    std::vector<std::size_t> wanted;
-    bool isPrepared = true;
-    for (std::size_t i = 0; i < m_collections.size(); ++i) {
-        if (!isWanted(predicate.calendarIdentifiers, m_collections[i]->info().identifier))
-            continue;
-        wanted.push_back(i);
-        isPrepared = isPrepared && m_collections[i]->contents().isPrepared(query(i));
-    }
+    const auto isPrepared = [&](std::size_t i) { return m_collections[i]->contents().isPrepared(query(i)); };
     // The first question about a time takes long, the others not even as long as to begin a thread.
-    if (isPrepared) {
+    if (std::all_of(wanted.begin(), wanted.end(), isPrepared)) {
         std::for_each(wanted.begin(), wanted.end(), look);
     } else {
         forEachInParallel(wanted.size(), [&](std::size_t n) {
@@ -168,17 +157,29 @@ std::vector<EKEvent> CalendarDatabase::events(const EKEventPredicate &predicate)
     return result;
 }
 
-/// For each wanted collection, which of its items hold the text; nothing where there is none.
-std::vector<std::vector<bool>> CalendarDatabase::matchingItems(const EKEventPredicate &predicate)
+/// The places of the collections that are asked for.
+std::vector<std::size_t> CalendarDatabase::wanted(const std::optional<std::vector<QString>> &identifiers) const
 {
-    if (!predicate.text)
+    std::vector<std::size_t> places;
+    for (std::size_t i = 0; i < m_collections.size(); ++i) {
+        const QString &own = m_collections[i]->info().identifier;
+        if (!identifiers || std::find(identifiers->begin(), identifiers->end(), own) != identifiers->end())
+            places.push_back(i);
+    }
+    return places;
+}
+
+/// For each of these collections, by its place, which of its items hold the text; nothing where there is none.
+std::vector<std::vector<bool>> CalendarDatabase::matchingItems(
+    const std::vector<std::size_t> &places, const std::optional<QString> &text)
+{
+    if (!text)
         return {};
-    const TextMatcher matcher(*predicate.text, m_environment.locale());
+    const TextMatcher matcher(*text, m_environment.locale());
     std::vector<std::vector<bool>> matching(m_collections.size());
-    forEachInParallel(matching.size(), [&](std::size_t i) {
+    forEachInParallel(places.size(), [&](std::size_t n) {
         // A matcher is for one thread at a time.
-        if (isWanted(predicate.calendarIdentifiers, m_collections[i]->info().identifier))
-            matching[i] = m_collections[i]->contents().matchingItems(TextMatcher(matcher));
+        matching[places[n]] = m_collections[places[n]]->contents().matchingItems(TextMatcher(matcher));
     });
     return matching;
 }
@@ -189,11 +190,10 @@ std::vector<EKReminder> CalendarDatabase::reminders(const EKReminderPredicate &p
     applyChanges();
     const CalendarIndex::Snapshot snapshot(m_index.get());
     std::vector<EKReminder> result;
-    for (const auto &collection : m_collections) {
-        if (!isWanted(predicate.calendarIdentifiers, collection->info().identifier))
-            continue;
-        for (auto &[record, suffix] : collection->contents().reminders())
-            result.emplace_back(std::move(record), collection->calendar(), std::move(suffix));
+    for (const std::size_t i : wanted(predicate.calendarIdentifiers)) {
+        StoredCollection &collection = *m_collections[i];
+        for (auto &[record, suffix] : collection.contents().reminders())
+            result.emplace_back(std::move(record), collection.calendar(), std::move(suffix));
     }
     return result;
 }

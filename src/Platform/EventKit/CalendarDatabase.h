@@ -37,7 +37,9 @@ private:
     void storeChanged(const StoreChanges &changes);
     [[nodiscard]] bool differs(const StoreChanges &changes);
     void beginWatching();
-    [[nodiscard]] std::vector<std::vector<bool>> matchingItems(const EKEventPredicate &predicate);
+    [[nodiscard]] std::vector<std::size_t> wanted(const std::optional<std::vector<QString>> &identifiers) const;
+    [[nodiscard]] std::vector<std::vector<bool>> matchingItems(
+        const std::vector<std::size_t> &places, const std::optional<QString> &text);
     void applyChanges();
     void applyCollections();
     void apply(const std::vector<StoredCollection *> &collections, const std::map<QString, QStringList> &names);

@@ -267,9 +267,18 @@ std::vector<bool> CollectionContents::matchingItems(const TextMatcher &text)
               if (item < place.firstReminder - place.firstItem)
                   matching[place.firstItem + item] = text.isIn(title) || text.isIn(location) || text.isIn(notes);
           };
+    const auto matchLoaded = [&](const Place &place) {
+        std::uint32_t number = 0;
+        for (const auto &item : details(place).items)
+            match(place, number++, item->title, item->location, item->notes);
+    };
     std::unordered_map<std::int64_t, const Place *> unread;
     for (const Place &place : m_places) {
-        if (!place.object->details && place.object->detailsNumber != 0)
+        if (place.firstReminder == place.firstItem)
+            continue;
+        if (place.object->details || place.object->detailsNumber == 0)
+            matchLoaded(place);
+        else
             unread.emplace(place.object->detailsNumber, &place);
     }
     m_source.visitDetails([&](std::int64_t number, const ObjectRevision &revision, QByteArrayView packed) {
@@ -282,15 +291,8 @@ std::vector<bool> CollectionContents::matchingItems(const TextMatcher &text)
         });
         unread.erase(found);
     });
-    for (const Place &place : m_places) {
-        const bool wasVisited = !place.object->details && place.object->detailsNumber != 0
-            && !unread.contains(place.object->detailsNumber);
-        if (wasVisited || place.firstReminder == place.firstItem)
-            continue;
-        std::uint32_t number = 0;
-        for (const auto &item : details(place).items)
-            match(place, number++, item->title, item->location, item->notes);
-    }
+    for (const auto &[number, place] : unread)
+        matchLoaded(*place);
     return matching;
 }
 

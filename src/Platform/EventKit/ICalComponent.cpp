@@ -14,17 +14,6 @@ namespace {
 constexpr qsizetype kMaximumLine = 256 * 1024;
 constexpr int kMaximumParameters = 100;
 constexpr std::size_t kMaximumDepth = 16;
-constexpr qsizetype kMaximumComplaints = 20;
-
-QByteArrayView trimmed(QByteArrayView text)
-{
-    const auto isSpace = [](char byte) { return byte == ' ' || byte == '\t'; };
-    while (!text.isEmpty() && isSpace(text.front()))
-        text = text.sliced(1);
-    while (!text.isEmpty() && isSpace(text.back()))
-        text.chop(1);
-    return text;
-}
 
 /// Where a byte stands outside of quotes, the size of the text where it does not.
 qsizetype findUnquoted(QByteArrayView text, qsizetype from, char wanted)
@@ -37,11 +26,6 @@ qsizetype findUnquoted(QByteArrayView text, qsizetype from, char wanted)
             return i;
     }
     return text.size();
-}
-
-bool equals(QByteArrayView a, QByteArrayView capitals)
-{
-    return a.size() == capitals.size() && qstrnicmp(a.data(), capitals.data(), static_cast<size_t>(a.size())) == 0;
 }
 
 template <std::size_t size>
@@ -107,7 +91,7 @@ std::optional<ICalProperty> parseProperty(QByteArrayView line)
     qsizetype colon = findUnquoted(line, nameEnd, ':');
     if (colon == line.size())
         colon = line.indexOf(':', nameEnd);
-    QByteArrayView name = trimmed(line.first(nameEnd));
+    QByteArrayView name = withoutBlanks(line.first(nameEnd));
     name = name.sliced(name.lastIndexOf('.') + 1);
     const auto isPart = [](unsigned char byte) { return std::isalnum(byte) != 0 || byte == '-' || byte == '_'; };
     if (colon < 0 || name.isEmpty() || !std::all_of(name.begin(), name.end(), isPart))
@@ -137,13 +121,13 @@ public:
             take(*line);
         }
         if (m_document.root.components.empty())
-            m_document.complaints = QStringList { QStringLiteral("no iCalendar object") };
+            m_document.complaints = Complaints({ QStringLiteral("no iCalendar object") });
         else if (m_open.size() > 1)
             complain(QStringLiteral("cut off at the end"));
         while (m_open.size() > 1)
             closeDamaged();
         m_document.text = m_lines.buffer();
-        m_document.complaints = m_lines.complaints() + m_document.complaints;
+        m_document.complaints = Complaints(m_lines.complaints() + m_document.complaints.all());
         return std::move(m_document);
     }
 
@@ -158,9 +142,9 @@ private:
         else if (property->parameters.count(';') > kMaximumParameters)
             lose(QStringLiteral("a property with more than 100 parameters"));
         else if (property->name == "BEGIN")
-            begin(inCapitals(trimmed(property->value)));
+            begin(inCapitals(withoutBlanks(property->value)));
         else if (property->name == "END")
-            end(inCapitals(trimmed(property->value)));
+            end(inCapitals(withoutBlanks(property->value)));
         else
             add(*property, line);
     }
@@ -215,11 +199,7 @@ private:
         complain(what);
     }
 
-    void complain(const QString &text)
-    {
-        if (m_document.complaints.size() < kMaximumComplaints && !m_document.complaints.contains(text))
-            m_document.complaints.append(text);
-    }
+    void complain(const QString &text) { m_document.complaints.add(text); }
 
     ContentLines m_lines;
     ICalDocument m_document;
@@ -229,14 +209,24 @@ private:
 
 } // namespace
 
+QByteArrayView withoutBlanks(QByteArrayView text)
+{
+    const auto isBlank = [](char byte) { return byte == ' ' || byte == '\t'; };
+    while (!text.isEmpty() && isBlank(text.front()))
+        text = text.sliced(1);
+    while (!text.isEmpty() && isBlank(text.back()))
+        text.chop(1);
+    return text;
+}
+
 std::optional<QByteArrayView> ICalProperty::parameter(QByteArrayView wanted) const
 {
     for (qsizetype begin = 0; begin < parameters.size();) {
         const qsizetype end = findUnquoted(parameters, begin, ';');
         const QByteArrayView each = parameters.sliced(begin, end - begin);
         const qsizetype sign = std::max<qsizetype>(each.indexOf('='), 0);
-        if (equals(trimmed(each.first(sign)), wanted)) {
-            const QByteArrayView text = trimmed(each.sliced(sign + 1));
+        if (withoutBlanks(each.first(sign)).compare(wanted, Qt::CaseInsensitive) == 0) {
+            const QByteArrayView text = withoutBlanks(each.sliced(sign + 1));
             const bool isQuoted = text.size() >= 2 && text.front() == '"' && text.back() == '"';
             return isQuoted ? text.sliced(1, text.size() - 2) : text;
         }

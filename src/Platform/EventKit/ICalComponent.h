@@ -8,6 +8,31 @@
 
 namespace mintaro {
 
+/// What is wrong with an object, for the log: each once, and no more than anyone reads.
+class Complaints
+{
+public:
+    Complaints() = default;
+    explicit Complaints(QStringList all)
+        : m_all(std::move(all))
+    {
+    }
+
+    void add(const QString &text)
+    {
+        constexpr qsizetype kMaximum = 20;
+        if (m_all.size() < kMaximum && !m_all.contains(text))
+            m_all.append(text);
+    }
+    [[nodiscard]] const QStringList &all() const { return m_all; }
+
+private:
+    QStringList m_all;
+};
+
+/// Without the spaces and tabs around it.
+[[nodiscard]] QByteArrayView withoutBlanks(QByteArrayView text);
+
 /// A content line taken apart (RFC 5545 3.1).
 struct ICalProperty
 {
@@ -60,7 +85,7 @@ struct ICalDocument
     QByteArray text;
     ICalComponent root;
     /// What could not be read, for the log.
-    QStringList complaints;
+    Complaints complaints;
 };
 
 /// Any text gives a document, in time that grows with its length.

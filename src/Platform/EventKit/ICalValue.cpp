@@ -125,12 +125,8 @@ class ValueReader
 {
 public:
     explicit ValueReader(QByteArrayView value)
-        : m_rest(value)
+        : m_rest(withoutBlanks(value))
     {
-        while (!m_rest.isEmpty() && isSpace(m_rest.front()))
-            m_rest = m_rest.sliced(1);
-        while (!m_rest.isEmpty() && isSpace(m_rest.back()))
-            m_rest.chop(1);
     }
 
     [[nodiscard]] bool isAtEnd() const { return m_rest.isEmpty(); }
@@ -174,7 +170,6 @@ public:
     }
 
 private:
-    static bool isSpace(char byte) { return byte == ' ' || byte == '\t'; }
     static char capitalOf(char byte) { return byte >= 'a' && byte <= 'z' ? static_cast<char>(byte - 'a' + 'A') : byte; }
 
     QByteArrayView m_rest;

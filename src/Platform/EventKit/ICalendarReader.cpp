@@ -148,7 +148,7 @@ CalendarObject readCalendarObject(const QByteArray &text, const QStringList &use
     visitAll(document.root, "VEVENT", visit);
     series.finish(object);
     readReminders(document.root, reader, namelessUid, object);
-    const QStringList complaints = document.complaints + reader.complaints();
+    const QStringList complaints = document.complaints.all() + reader.complaints().all();
     object.schedule.complaint = complaints.join(QStringLiteral("; ")).left(kLongestComplaint);
     return object;
 }

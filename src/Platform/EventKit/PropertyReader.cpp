@@ -12,17 +12,10 @@ using namespace std::chrono;
 
 namespace {
 
-constexpr qsizetype kMaximumComplaints = 20;
 constexpr qsizetype kLongestExcerpt = 100;
 constexpr std::size_t kMaximumOwnZones = 100;
 
 } // namespace
-
-void PropertyReader::complain(const QString &text)
-{
-    if (m_complaints.size() < kMaximumComplaints && !m_complaints.contains(text))
-        m_complaints.append(text);
-}
 
 void PropertyReader::refuse(const ICalProperty &property)
 {

@@ -4,7 +4,6 @@
 #include "Platform/EventKit/ICalComponent.h"
 
 #include <QString>
-#include <QStringList>
 
 #include <map>
 #include <optional>
@@ -32,8 +31,8 @@ public:
     [[nodiscard]] std::optional<EventLength> length(const ICalProperty &property, QByteArrayView value);
 
     /// What was wrong with the object, for the log.
-    [[nodiscard]] const QStringList &complaints() const { return m_complaints; }
-    void complain(const QString &text);
+    [[nodiscard]] const Complaints &complaints() const { return m_complaints; }
+    void complain(const QString &text) { m_complaints.add(text); }
     /// A value cannot be read, which leaves what it stands in damaged.
     void refuse(const ICalProperty &property);
     /// Whether a value was refused since the last call.
@@ -47,7 +46,7 @@ private:
     /// The object's own zones, in so far as anybody asked for one.
     std::optional<std::map<QString, const ICalComponent *>> m_ownZones;
     std::map<QString, std::optional<TimeZone>> m_zones;
-    QStringList m_complaints;
+    Complaints m_complaints;
     bool m_hasRefused = false;
 };
 

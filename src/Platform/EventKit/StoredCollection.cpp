@@ -41,15 +41,11 @@ bool StoredCollection::differs(const QStringList &names) const
     if (names.isEmpty()) {
         const auto present = m_backend.objects(m_info.identifier);
         return m_contents.objects().size() != present.size()
-            || std::any_of(present.begin(), present.end(), [this](const ObjectState &state) {
-                   const StoredObject *held = m_contents.object(state.name);
-                   return !held || held->revision != state.revision;
-               });
+            || !std::all_of(present.begin(), present.end(), [this](const ObjectState &state) { return isHeld(state); });
     }
     return std::any_of(names.begin(), names.end(), [this](const QString &name) {
         const auto present = m_backend.object(m_info.identifier, name);
-        const StoredObject *held = m_contents.object(name);
-        return present.has_value() != (held != nullptr) || (present && present->revision != held->revision);
+        return present ? !isHeld(*present) : m_contents.object(name) != nullptr;
     });
 }
 

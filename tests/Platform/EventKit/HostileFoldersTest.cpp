@@ -2,6 +2,7 @@
 #include "Platform/EventKit/Folders/Folder.h"
 
 #include <functional>
+#include <span>
 #include <thread>
 
 #include <sys/resource.h>
@@ -36,26 +37,6 @@ private:
     bool m_wasRoot = false;
 };
 
-class HostileFolders : public FolderStoreFixture
-{
-protected:
-    void TearDown() override
-    {
-        // QTemporaryDir cannot remove what it cannot name.
-        for (const QByteArray &name : m_nameless)
-            ::remove(name.constData());
-    }
-
-    void link(const char *target, const QByteArray &name)
-    {
-        ASSERT_EQ(::symlink(target, name.constData()), 0);
-        if (!fileName(name))
-            m_nameless.push_back(name);
-    }
-
-    std::vector<QByteArray> m_nameless;
-};
-
 constexpr char kLoop[] = "Too many levels of symbolic links";
 constexpr char kNoFile[] = "no regular file";
 constexpr char kTooLarge[] = "larger than 8388608 bytes";
@@ -76,6 +57,42 @@ QString textFor(const HostileCase &row, const QString &folder)
     const QByteArray &name = row.escapedName.isEmpty() ? row.name : row.escapedName;
     return folder + u'/' + QString::fromUtf8(name) + u": "_qs + QString::fromUtf8(row.problem);
 }
+
+class HostileFolders : public FolderStoreFixture
+{
+protected:
+    void TearDown() override
+    {
+        // QTemporaryDir cannot remove what it cannot name.
+        for (const QByteArray &name : m_nameless)
+            ::remove(name.constData());
+    }
+
+    void link(const char *target, const QByteArray &name)
+    {
+        ASSERT_EQ(::symlink(target, name.constData()), 0);
+        if (!fileName(name))
+            m_nameless.push_back(name);
+    }
+
+    /// Makes each of them in this folder of a root with a good calendar beside.
+    void expectALineForEach(std::span<const HostileCase> cases, const QString &place)
+    {
+        qsizetype lines = 0;
+        for (const HostileCase &row : cases) {
+            SCOPED_TRACE(row.rule);
+            const QString root = u"%1"_qs.arg(lines);
+            put(root + u"/c/good.ics"_qs, eventCalled("good"));
+            row.make(path(root + place).toUtf8() + '/' + row.name);
+            open(root);
+            EXPECT_EQ(titles(), QStringList({ u"good"_qs }));
+            ASSERT_EQ(logged().size(), ++lines) << logged().join(u'\n').toStdString();
+            EXPECT_EQ(logged().last(), textFor(row, path(root + place)));
+        }
+    }
+
+    std::vector<QByteArray> m_nameless;
+};
 
 TEST_F(HostileFolders, AnItemCostsALineAndNothingElse)
 {
@@ -109,17 +126,7 @@ TEST_F(HostileFolders, AnItemCostsALineAndNothingElse)
         { "a name of an encoded surrogate", "\xed\xa0\x80.ics", linkTo("good.ics"), "the name is not UTF-8",
             "\\xed\\xa0\\x80.ics" },
     };
-    qsizetype lines = 0;
-    for (const HostileCase &row : cases) {
-        SCOPED_TRACE(row.rule);
-        const QString folder = u"%1/c"_qs.arg(lines);
-        put(folder + u"/good.ics"_qs, eventCalled("good"));
-        row.make(path(folder).toUtf8() + '/' + row.name);
-        open(u"%1"_qs.arg(lines));
-        EXPECT_EQ(titles(), QStringList({ u"good"_qs }));
-        ASSERT_EQ(logged().size(), ++lines) << logged().join(u'\n').toStdString();
-        EXPECT_EQ(logged().last(), textFor(row, path(folder)));
-    }
+    expectALineForEach(cases, u"/c"_qs);
     rusage usage {};
     ::getrusage(RUSAGE_SELF, &usage);
     EXPECT_LT(usage.ru_maxrss, 1024 * 1024) << "kilobytes";
@@ -145,17 +152,7 @@ TEST_F(HostileFolders, ACollectionCostsALineAndNothingElse)
             "the path is not UTF-8", "caf\\xe9" },
         { "a colour that nobody writes", "x", fifoIn("/color"), kNoFile, "x/color" },
     };
-    qsizetype lines = 0;
-    for (const HostileCase &row : cases) {
-        SCOPED_TRACE(row.rule);
-        const QString root = u"%1"_qs.arg(lines);
-        put(root + u"/c/good.ics"_qs, eventCalled("good"));
-        row.make(path(root).toUtf8() + '/' + row.name);
-        open(root);
-        EXPECT_EQ(titles(), QStringList({ u"good"_qs }));
-        ASSERT_EQ(logged().size(), ++lines) << logged().join(u'\n').toStdString();
-        EXPECT_EQ(logged().last(), textFor(row, path(root)));
-    }
+    expectALineForEach(cases, QString());
 }
 
 TEST_F(HostileFolders, ARootThatIsALinkToItselfIsDenied)

@@ -145,11 +145,11 @@ std::optional<struct stat> Folder::status(const char *name) const
 
 QString Folder::problem(const char *name) const
 {
-    struct stat status = {};
-    if (::fstatat(::dirfd(m_folder.get()), name, &status, 0) == 0)
+    if (status(name))
         return {};
     if (errno != ENOENT)
         return QString::fromLocal8Bit(std::strerror(errno));
+    struct stat status = {};
     const bool isThere = ::fstatat(::dirfd(m_folder.get()), name, &status, AT_SYMLINK_NOFOLLOW) == 0;
     return isThere ? QStringLiteral("a link that leads nowhere") : QString();
 }

@@ -131,10 +131,9 @@ std::optional<ObjectState> FoldersBackend::stateOf(const Folder &folder, const Q
     std::optional<QString> text;
     if (status && S_ISREG(status->st_mode) && (text = fileName(name)))
         return ObjectState { std::move(*text), revisionOf(*status) };
-    QString problem = folder.problem(name);
-    if (status)
-        problem
-            = S_ISREG(status->st_mode) ? QStringLiteral("the name is not UTF-8") : QStringLiteral("no regular file");
+    const QString problem = !status ? folder.problem(name)
+        : S_ISREG(status->st_mode)  ? QStringLiteral("the name is not UTF-8")
+                                    : QStringLiteral("no regular file");
     if (!problem.isEmpty())
         report(collection + u'/' + escapedPath(QByteArray(name)), problem);
     return std::nullopt;

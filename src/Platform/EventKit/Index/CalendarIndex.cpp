@@ -98,17 +98,26 @@ QString version()
 class CalendarIndex::Connection
 {
 public:
+    /// Takes what is there, else makes what is missing, else begins with nothing.
     explicit Connection(const QString &path)
         : database(path)
     {
-        try {
-            database.execute(kSettings);
-            prepare();
-        } catch (const sqlite::Error &error) {
-            if (!error.isDamage())
-                throw;
-            m_statements.reset();
-            create();
+        enum Attempt { Open, Make, Empty };
+        for (const Attempt attempt : { Open, Make, Empty }) {
+            try {
+                if (attempt == Open)
+                    database.execute(kSettings);
+                if (attempt == Empty)
+                    database.reset();
+                if (attempt != Open)
+                    database.execute(kTables);
+                prepare();
+                return;
+            } catch (const sqlite::Error &error) {
+                if (!error.isDamage() || attempt == Empty)
+                    throw;
+                m_statements.reset();
+            }
         }
     }
 
@@ -194,21 +203,6 @@ public:
     sqlite::Database database;
 
 private:
-    void create()
-    {
-        try {
-            database.execute(kTables);
-            prepare();
-        } catch (const sqlite::Error &error) {
-            if (!error.isDamage())
-                throw;
-            m_statements.reset();
-            database.reset();
-            database.execute(kTables);
-            prepare();
-        }
-    }
-
     void prepare()
     {
         const auto make = [this](const char *sql) { return sqlite::Statement(database, sql); };
