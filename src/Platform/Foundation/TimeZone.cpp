@@ -26,6 +26,21 @@ QDateTime toQDateTime(sys_seconds at)
     return QDateTime::fromSecsSinceEpoch(at.time_since_epoch().count(), Qt::UTC);
 }
 
+sys_seconds toSeconds(const QDateTime &at)
+{
+    return sys_seconds { seconds { at.toSecsSinceEpoch() } };
+}
+
+/// The changes from `begin` up to `end`, both inclusive.
+QTimeZone::OffsetDataList transitionsOf(const QTimeZone &zone, sys_seconds begin, sys_seconds end)
+{
+    auto all = zone.transitions(toQDateTime(begin), toQDateTime(end));
+    // Qt 6.4 stops where the list in a zone's file does (2037), though the file has a rule for what follows.
+    const QDateTime rest = all.isEmpty() ? toQDateTime(begin) : all.last().atUtc.addSecs(1);
+    all.append(zone.transitions(rest, toQDateTime(end)));
+    return all;
+}
+
 /// Qt takes POSIX rules and offsets for zones too, and does not list the database's links; only its files are meant
 /// here.
 bool isDatabaseName(const QString &identifier)
@@ -62,9 +77,8 @@ std::shared_ptr<const TimeZone::Rules> TimeZone::Rules::read(const QTimeZone &zo
     rules->identifier = QString::fromLatin1(zone.id());
     rules->initialOffset = seconds { zone.offsetFromUtc(toQDateTime(kTableBegin)) };
     std::vector<Transition> transitions;
-    for (const auto &each : zone.transitions(toQDateTime(kTableBegin), toQDateTime(kTableEnd)))
-        transitions.push_back(
-            { sys_seconds { seconds { each.atUtc.toSecsSinceEpoch() } }, seconds { each.offsetFromUtc } });
+    for (const auto &each : transitionsOf(zone, kTableBegin, kTableEnd))
+        transitions.push_back({ toSeconds(each.atUtc), seconds { each.offsetFromUtc } });
     rules->setTransitions(std::move(transitions));
     rules->source = zone;
     return rules;
@@ -169,6 +183,30 @@ seconds TimeZone::initialOffset() const
 const std::vector<TimeZone::Transition> &TimeZone::transitions() const
 {
     return m_rules->transitions;
+}
+
+std::vector<TimeZone::Observance> TimeZone::observances(sys_seconds begin, sys_seconds end) const
+{
+    if (!m_rules->source)
+        return {};
+    // What is daylight shows in what comes after it, thus one more year.
+    auto all = transitionsOf(*m_rules->source, begin, end + std::chrono::years { 1 });
+    if (all.isEmpty() || toSeconds(all.first().atUtc) > begin) {
+        all.prepend(m_rules->source->offsetData(toQDateTime(begin)));
+        all.first().atUtc = toQDateTime(begin);
+    }
+    std::vector<Observance> result;
+    for (auto each = all.cbegin(); each != all.cend() && toSeconds(each->atUtc) < end; ++each) {
+        const auto next = std::next(each);
+        const bool isBeforeWinterTime = next != all.cend() && next->daylightTimeOffset < 0;
+        const bool isDaylight = each->daylightTimeOffset > 0 || (each->daylightTimeOffset == 0 && isBeforeWinterTime);
+        const seconds offset { each->offsetFromUtc };
+        const seconds before = result.empty() ? offset : result.back().offset;
+        if (result.empty() || before != offset || result.back().isDaylight != isDaylight
+            || result.back().abbreviation != each->abbreviation)
+            result.push_back({ toSeconds(each->atUtc), before, offset, isDaylight, each->abbreviation });
+    }
+    return result;
 }
 
 seconds TimeZone::secondsFromGMT(sys_seconds at) const

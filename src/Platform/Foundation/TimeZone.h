@@ -21,6 +21,20 @@ public:
         std::chrono::sys_seconds at;
         std::chrono::seconds offset;
     };
+    /// How a zone's clocks are set from a moment on.
+    struct Observance
+    {
+        std::chrono::sys_seconds onset;
+        std::chrono::seconds offsetBefore;
+        std::chrono::seconds offset;
+        /// Ahead of the year's other time, also where the law calls the summer's time the standard (Europe/Dublin).
+        bool isDaylight;
+        /// "CET", or "+03" where the time has no name; the database's, in no one's language.
+        QString abbreviation;
+
+        /// The onset on the clocks as they were set before it, as RFC 5545 3.6.5 says onsets.
+        [[nodiscard]] LocalTime readingBefore() const { return LocalTime { onset.time_since_epoch() + offsetBefore }; }
+    };
 
     /// UTC.
     TimeZone();
@@ -40,6 +54,10 @@ public:
     /// Of a zone that is not named, what `custom` made it of.
     [[nodiscard]] std::chrono::seconds initialOffset() const;
     [[nodiscard]] const std::vector<Transition> &transitions() const;
+    /// Of a named zone other than UTC the observance that holds at `begin`, as though it began there, and those that
+    /// begin between the two moments, ascending. Of any other zone none. Asks the database each time.
+    [[nodiscard]] std::vector<Observance> observances(
+        std::chrono::sys_seconds begin, std::chrono::sys_seconds end) const;
     /// How far the zone is ahead of UTC at that moment.
     [[nodiscard]] std::chrono::seconds secondsFromGMT(std::chrono::sys_seconds at) const;
     [[nodiscard]] LocalTime toLocal(std::chrono::sys_seconds at) const;

@@ -23,6 +23,7 @@ TEST(TimeZone, ReadingsBecomeMomentsAsRfc5545Asks)
         { "in an overlap: the earlier moment", "Europe/Rome", "2026-10-25 02:30", "2026-10-25T00:30:00Z" },
         { "half an hour of change", "Australia/Lord_Howe", "2026-04-05 01:45", "2026-04-04T14:45:00Z" },
         { "rules newer than the formatter's", "Africa/Cairo", "2026-07-01 12:00", "2026-07-01T09:00:00Z" },
+        { "after the list in the zone's file", "Europe/Rome", "2050-07-01 12:00", "2050-07-01T10:00:00Z" },
         { "beyond the table", "Europe/Rome", "2150-07-01 12:00", "2150-07-01T10:00:00Z" },
         { "before the table", "Europe/Rome", "1850-07-01 12:00", "1850-07-01T11:10:04Z" },
         { "a link to another name", "US/Eastern", "2026-07-01 12:00", "2026-07-01T16:00:00Z" },
