@@ -20,6 +20,8 @@ public:
     bool isAccessible = true;
     /// Called at each request for access, before the answer; may change the answer or throw it.
     std::function<void()> onRequestAccess = [] {};
+    /// Called before each write; may change the store, as another program would, or throw.
+    std::function<void()> onWrite = [] {};
     std::vector<StoreCollection> held;
     std::map<QString, std::map<QString, Object>> contents;
     std::atomic<int> reads = 0;
@@ -29,6 +31,7 @@ public:
         StoreCollection collection;
         collection.identifier = identifier;
         collection.title = identifier;
+        collection.isWritable = true;
         held.push_back(collection);
         return held.back();
     }
@@ -77,6 +80,38 @@ public:
     {
         return collection + u'/' + name;
     }
+
+    [[nodiscard]] WriteOutcome replace(
+        const QString &collection, const QString &name, const QByteArray &base, const QByteArray &text) override
+    {
+        onWrite();
+        const Object *found = find(collection, name);
+        if (!found || found->text != base)
+            return found ? WriteOutcome::Changed : WriteOutcome::Gone;
+        put(collection, name, text);
+        return WriteOutcome::Done;
+    }
+
+    [[nodiscard]] WriteOutcome remove(const QString &collection, const QString &name, const QByteArray &base) override
+    {
+        onWrite();
+        const Object *found = find(collection, name);
+        if (!found || found->text != base)
+            return found ? WriteOutcome::Changed : WriteOutcome::Gone;
+        contents[collection].erase(name);
+        return WriteOutcome::Done;
+    }
+
+    [[nodiscard]] bool create(const QString &collection, const QString &name, const QByteArray &text) override
+    {
+        onWrite();
+        if (find(collection, name))
+            return false;
+        put(collection, name, text);
+        return true;
+    }
+
+    [[nodiscard]] QString newName(const QString &uid) const override { return uid + QLatin1String(".ics"); }
 
     void watch(std::function<void(const StoreChanges &)> handler) override { m_handler = std::move(handler); }
 

@@ -36,6 +36,8 @@ struct StoreCollection
     bool isWritable = false;
     /// The collection was made for reminders, whatever it holds now.
     bool isReminderList = false;
+    /// The user wants new events here.
+    bool isDefault = false;
     /// The user's own e-mail addresses in this account, in lower case without "mailto:".
     QStringList userAddresses;
 
@@ -63,9 +65,20 @@ struct StoreChanges
     [[nodiscard]] bool isEmpty() const { return !collections && objects.empty(); }
 };
 
-/// Delivers whole iCalendar objects (RFC 5545 3.4) with their collections and tells of changes. All that calendars mean
-/// (zones, recurrences, overlap, merging) is the engine's, so that every backend answers alike. Calls come
-/// from any thread: those of `objects`, `object`, `read` and `describe` several at once, all others alone.
+/// What came of writing an object. An error is thrown instead.
+enum class WriteOutcome {
+    Done,
+    /// The object holds something else by now; nothing was changed.
+    Changed,
+    /// There is no such object any more; nothing was changed.
+    Gone,
+};
+
+/// Delivers and takes whole iCalendar objects (RFC 5545 3.4) with their collections and tells of changes. All that
+/// calendars mean (zones, recurrences, overlap, merging) is the engine's, so that every backend answers alike. Calls
+/// come from any thread: those of `objects`, `object`, `read` and `describe` several at once, all others alone. Other
+/// programs change the same objects at any time, so what is written says what it takes the place of. When a call that
+/// writes comes back, its outcome is durable; one that throws EKError, with a text for people, has changed nothing.
 class StoreBackend
 {
 public:
@@ -83,6 +96,18 @@ public:
     [[nodiscard]] virtual std::optional<QByteArray> read(const QString &collection, const QString &name) = 0;
     /// What to call the object in a log line.
     [[nodiscard]] virtual QString describe(const QString &collection, const QString &name) const = 0;
+    /// Puts `text` in the place of `base`, which is what `read` gave.
+    [[nodiscard]] virtual WriteOutcome replace(
+        const QString &collection, const QString &name, const QByteArray &base, const QByteArray &text)
+        = 0;
+    /// Removes an object that holds `base`.
+    [[nodiscard]] virtual WriteOutcome remove(const QString &collection, const QString &name, const QByteArray &base)
+        = 0;
+    /// Adds an object under a name from `newName` or of another object. False where the collection has one of that
+    /// name.
+    [[nodiscard]] virtual bool create(const QString &collection, const QString &name, const QByteArray &text) = 0;
+    /// A name for a new object with this UID.
+    [[nodiscard]] virtual QString newName(const QString &uid) const = 0;
     /// From now on `handler` is called, on a thread of the backend's own, once for each burst of changes. Without it
     /// nothing is watched.
     virtual void watch(std::function<void(const StoreChanges &)> handler) = 0;

@@ -115,6 +115,25 @@ TEST_F(FolderWatcherTest, HearsOfCollections)
     }
 }
 
+TEST_F(FolderWatcherTest, HearsOfOurOwnWritingButNotOfTheTemporary)
+{
+    put(u"r/x.ics"_qs, "base");
+    follow(u"r"_qs);
+    const QString collection = path(u"r"_qs);
+    const std::function<void()> writes[] = {
+        [&] { ASSERT_EQ(m_backend->replace(collection, u"x.ics"_qs, "base", "ours"), WriteOutcome::Done); },
+        [&] { ASSERT_EQ(m_backend->remove(collection, u"x.ics"_qs, "ours"), WriteOutcome::Done); },
+        [&] { ASSERT_TRUE(m_backend->create(collection, u"x.ics"_qs, "base")); },
+    };
+    for (const auto &write : writes) {
+        forget();
+        write();
+        ASSERT_TRUE(await([](const StoreChanges &told) { return !told.isEmpty(); }));
+        EXPECT_FALSE(m_told.collections);
+        EXPECT_EQ(m_told.objects[collection], QStringList({ u"x.ics"_qs }));
+    }
+}
+
 TEST_F(FolderWatcherTest, HearsOfItemsInACollectionThatCameLater)
 {
     putFolder(u"r"_qs);

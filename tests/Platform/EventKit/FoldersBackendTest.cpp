@@ -195,6 +195,8 @@ TEST_F(FoldersBackendTest, MakesItsOwnRootWhereNothingIsConfigured)
     ASSERT_TRUE(backend.requestAccess());
     const std::vector<StoreCollection> made = backend.collections();
     EXPECT_THAT(titles(made), ElementsAre("Calendar", "Reminders"));
+    EXPECT_TRUE(made[0].isDefault);
+    EXPECT_FALSE(made[1].isDefault);
     EXPECT_FALSE(made[0].isReminderList);
     EXPECT_TRUE(made[1].isReminderList);
     EXPECT_THAT(QDir(path(u"data/mintaro"_qs)).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot),

@@ -30,7 +30,7 @@ protected:
     [[nodiscard]] BaseFolders baseFolders() const
     {
         return { path(QStringLiteral("home")), path(QStringLiteral("config")), path(QStringLiteral("data")),
-            path(QStringLiteral("cache")), {} };
+            path(QStringLiteral("cache")), path(QStringLiteral("state")), {} };
     }
 
     void putFolder(const QString &relative) const { ASSERT_TRUE(QDir().mkpath(path(relative))); }

@@ -22,6 +22,7 @@ BaseFolders BaseFolders::fromEnvironment()
     folders.configHome = absoluteOr("XDG_CONFIG_HOME", home + QLatin1String("/.config"));
     folders.dataHome = absoluteOr("XDG_DATA_HOME", home + QLatin1String("/.local/share"));
     folders.cacheHome = absoluteOr("XDG_CACHE_HOME", home + QLatin1String("/.cache"));
+    folders.stateHome = absoluteOr("XDG_STATE_HOME", home + QLatin1String("/.local/state"));
     folders.vdirsyncerConfiguration = folders.expanded(qEnvironmentVariable("VDIRSYNCER_CONFIG"));
     return folders;
 }

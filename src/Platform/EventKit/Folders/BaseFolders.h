@@ -11,6 +11,7 @@ struct BaseFolders
     QString configHome;
     QString dataHome;
     QString cacheHome;
+    QString stateHome;
     /// Where vdirsyncer's configuration was moved to (VDIRSYNCER_CONFIG); mostly empty.
     QString vdirsyncerConfiguration;
 

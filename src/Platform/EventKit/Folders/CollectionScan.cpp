@@ -53,6 +53,7 @@ struct CollectionScan::Found
 CollectionScan::CollectionScan(const StoreConfiguration &configuration, const Report &report)
     : m_configuration(configuration)
     , m_report(report)
+    , m_defaultCalendar(canonicalPath(configuration.defaultCalendar).value_or(QString()))
     , m_defaultReminders(canonicalPath(configuration.defaultReminders).value_or(QString()))
 {
     for (const QString &file : configuration.files)
@@ -140,6 +141,7 @@ std::optional<CollectionScan::Found> CollectionScan::examine(
     if (!collection.color)
         collection.color = configured.color;
     collection.isWritable = !configured.isReadOnly && ::access(path.toUtf8().constData(), W_OK) == 0;
+    collection.isDefault = path == m_defaultCalendar;
     collection.isReminderList = path == m_defaultReminders;
     collection.userAddresses = m_configuration.addresses + configured.addresses;
     collection.userAddresses.removeDuplicates();

@@ -36,6 +36,7 @@ private:
 
     const StoreConfiguration &m_configuration;
     const Report &m_report;
+    QString m_defaultCalendar;
     QString m_defaultReminders;
     QSet<QString> m_known;
     std::vector<StoreCollection> m_collections;

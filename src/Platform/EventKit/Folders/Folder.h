@@ -1,9 +1,7 @@
 #pragma once
 
 #include "Platform/EventKit/StoreBackend.h"
-
-#include <QByteArrayView>
-#include <QString>
+#include "Platform/Foundation/FileText.h"
 
 #include <memory>
 #include <optional>
@@ -13,21 +11,12 @@
 
 namespace mintaro {
 
-/// What came of reading a file.
-struct FileText
-{
-    std::optional<QByteArray> bytes;
-    /// Why there are none; empty where there is simply no such file.
-    QString problem;
-};
+/// The largest object that is read, in bytes.
+inline constexpr qint64 kLargestObject = 8 * 1024 * 1024;
 
-/// Names in the file system are bytes. Those that are no UTF-8 cannot be a QString and come back the same, so they give
-/// an empty value.
-[[nodiscard]] std::optional<QString> fileName(QByteArrayView bytes);
-/// A path as a log line takes it: control characters and what is no UTF-8 escaped.
-[[nodiscard]] QString escapedPath(const QByteArray &path);
-[[nodiscard]] QString escapedPath(const QString &path);
-/// The path without symbolic links; empty where nothing is there or the name is no UTF-8.
+/// The path without symbolic links; empty, with errno set, where it leads nowhere.
+[[nodiscard]] std::optional<QByteArray> realPath(const QByteArray &path);
+/// The same; empty too where the name is no UTF-8.
 [[nodiscard]] std::optional<QString> canonicalPath(const QByteArray &path);
 [[nodiscard]] std::optional<QString> canonicalPath(const QString &path);
 /// Whether a folder's entry of this name is a calendar object.
@@ -37,8 +26,6 @@ struct FileText
 /// status is in it, for writers can set that of the content. A file that was changed less than 50 ms ago has a revision
 /// that does not stay: another change may bear the same time, so it has to be looked at again.
 [[nodiscard]] ObjectRevision revisionOf(const struct stat &status);
-/// The whole of a regular file of at most `limit` bytes. Neither a FIFO nor a device can hold the caller up.
-[[nodiscard]] FileText readFile(const QString &path, qint64 limit);
 
 /// An open folder. Operations follow symbolic links.
 class Folder

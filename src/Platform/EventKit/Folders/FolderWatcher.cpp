@@ -1,6 +1,7 @@
 #include "Platform/EventKit/Folders/FolderWatcher.h"
 
 #include "Platform/EventKit/Folders/Folder.h"
+#include "Platform/Foundation/DurableFolder.h"
 
 #include <QFileInfo>
 
@@ -63,6 +64,8 @@ std::size_t fingerprintOf(const QString &path)
     // A sum, since a folder tells its entries in no order.
     std::size_t sum = 1;
     folder->forEach([&](const dirent &entry) {
+        if (QByteArrayView(entry.d_name) == DurableFolder::kTemporary)
+            return;
         std::size_t hash = qHash(QByteArrayView(entry.d_name));
         if (const std::optional<struct stat> status = folder->status(entry.d_name)) {
             const ObjectRevision revision = revisionOf(*status);

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "Platform/EventKit/Folders/ChangeBurst.h"
-#include "Platform/EventKit/Folders/FileDescriptor.h"
+#include "Platform/Foundation/FileDescriptor.h"
 #include "Platform/Foundation/Logger.h"
 
 #include <QMutex>

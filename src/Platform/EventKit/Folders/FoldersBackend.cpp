@@ -2,9 +2,12 @@
 
 #include "Platform/EventKit/Folders/CollectionScan.h"
 #include "Platform/EventKit/Folders/Folder.h"
+#include "Platform/EventKit/Folders/ItemWriter.h"
 #include "Platform/EventKit/Folders/NewFolder.h"
 
 #include <QFileInfo>
+#include <QRegularExpression>
+#include <QUuid>
 
 #include <algorithm>
 #include <cerrno>
@@ -15,8 +18,6 @@
 namespace mintaro {
 
 namespace {
-
-constexpr qint64 kLargestObject = 8 * 1024 * 1024;
 
 /// Why a configured folder cannot be read; empty where it can, or where it does not exist (yet).
 QString accessProblem(const QString &path)
@@ -30,6 +31,25 @@ QString accessProblem(const QString &path)
     if (!S_ISDIR(status.st_mode))
         return QStringLiteral("no folder");
     return ::access(bytes.constData(), X_OK) == 0 ? QString() : QString::fromLocal8Bit(std::strerror(errno));
+}
+
+/// Where an item's path leads; empty where nothing is there. Throws FileError.
+std::optional<QByteArray> targetOf(const QByteArray &path)
+{
+    std::optional<QByteArray> target = realPath(path);
+    if (!target && errno != ENOENT && errno != ENOTDIR)
+        throw FileError(errno);
+    return target;
+}
+
+QByteArray folderOf(const QByteArray &path)
+{
+    return path.left(std::max<qsizetype>(path.lastIndexOf('/'), 1));
+}
+
+QByteArray nameIn(const QByteArray &path)
+{
+    return path.mid(path.lastIndexOf('/') + 1);
 }
 
 /// Makes our own root with a calendar and a reminder list in it. An existing one, whatever it holds, is left alone.
@@ -88,7 +108,8 @@ std::vector<StoreCollection> FoldersBackend::collections()
         = [this](const QString &path, const QString &problem) { this->report(path, problem); };
     CollectionScan scan(*m_configuration, report);
     m_watcher.setFolders(scan.watched());
-    return scan.collections();
+    m_collections = scan.collections();
+    return m_collections;
 }
 
 void FoldersBackend::followConfiguration()
@@ -150,6 +171,55 @@ std::optional<QByteArray> FoldersBackend::read(const QString &collection, const 
 QString FoldersBackend::describe(const QString &collection, const QString &name) const
 {
     return escapedPath(QString(collection + u'/' + name));
+}
+
+template <typename Write>
+auto FoldersBackend::writing(const QString &collection, const QString &name, const Write &write) const
+{
+    try {
+        const auto isIt = [&](const StoreCollection &known) { return known.identifier == collection; };
+        const auto known = std::find_if(m_collections.begin(), m_collections.end(), isIt);
+        if (known == m_collections.end())
+            throw FileError("no such calendar");
+        if (!known->isWritable)
+            throw FileError("the calendar is read-only");
+        if (!isObjectName(name) || name.contains(u'/') || name.contains(QChar(u'\0')))
+            throw FileError("this cannot be an item's name");
+        return write((collection + u'/' + name).toUtf8());
+    } catch (const FileError &error) {
+        throw EKError(describe(collection, name).toStdString() + ": " + error.what());
+    }
+}
+
+WriteOutcome FoldersBackend::replace(
+    const QString &collection, const QString &name, const QByteArray &base, const QByteArray &text)
+{
+    return writing(collection, name, [&](const QByteArray &path) {
+        // A link stays: what it leads to is written.
+        const std::optional<QByteArray> target = targetOf(path);
+        return target ? ItemWriter(folderOf(*target), nameIn(*target)).replace(base, text) : WriteOutcome::Gone;
+    });
+}
+
+WriteOutcome FoldersBackend::remove(const QString &collection, const QString &name, const QByteArray &base)
+{
+    return writing(collection, name, [&](const QByteArray &path) {
+        return targetOf(path) ? ItemWriter(folderOf(path), nameIn(path)).remove(base) : WriteOutcome::Gone;
+    });
+}
+
+bool FoldersBackend::create(const QString &collection, const QString &name, const QByteArray &text)
+{
+    return writing(collection, name,
+        [&](const QByteArray &path) { return ItemWriter(folderOf(path), nameIn(path)).create(text); });
+}
+
+QString FoldersBackend::newName(const QString &uid) const
+{
+    // What every file system and server takes as it is.
+    static const QRegularExpression plain(QStringLiteral("^(?!\\.)[A-Za-z0-9_.+-]{1,200}\\z"));
+    const QString stem = plain.match(uid).hasMatch() ? uid : QUuid::createUuid().toString(QUuid::WithoutBraces);
+    return stem + QLatin1String(".ics");
 }
 
 void FoldersBackend::watch(std::function<void(const StoreChanges &)> handler)

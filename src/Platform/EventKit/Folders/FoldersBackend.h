@@ -29,6 +29,11 @@ public:
     [[nodiscard]] std::optional<ObjectState> object(const QString &collection, const QString &name) override;
     [[nodiscard]] std::optional<QByteArray> read(const QString &collection, const QString &name) override;
     [[nodiscard]] QString describe(const QString &collection, const QString &name) const override;
+    [[nodiscard]] WriteOutcome replace(
+        const QString &collection, const QString &name, const QByteArray &base, const QByteArray &text) override;
+    [[nodiscard]] WriteOutcome remove(const QString &collection, const QString &name, const QByteArray &base) override;
+    [[nodiscard]] bool create(const QString &collection, const QString &name, const QByteArray &text) override;
+    [[nodiscard]] QString newName(const QString &uid) const override;
     /// To be called before the first listing, so that no change falls between the two.
     void watch(std::function<void(const StoreChanges &)> handler) override;
 
@@ -38,6 +43,9 @@ private:
     /// One line for each path and problem, however often it is met. Thread-safe.
     void report(const QString &path, const QString &problem);
     void reportLine(const QString &line);
+    /// Calls `write` with an item's path, where it may be written at all, and says of which item an error tells.
+    template <typename Write>
+    [[nodiscard]] auto writing(const QString &collection, const QString &name, const Write &write) const;
     [[nodiscard]] std::optional<ObjectState> stateOf(const Folder &folder, const QString &collection, const char *name);
 
     const BaseFolders m_baseFolders;
@@ -45,6 +53,8 @@ private:
     const Logger m_logger;
     std::optional<StoreConfiguration> m_configuration;
     bool m_isGranted = false;
+    /// As they were found last.
+    std::vector<StoreCollection> m_collections;
     QMutex m_mutex;
     /// Guarded by the mutex.
     QSet<QString> m_reported;
