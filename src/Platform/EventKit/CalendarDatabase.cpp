@@ -21,7 +21,7 @@ struct FoundOccurrence
     Occurrence occurrence;
     sys_seconds start;
     sys_seconds end;
-    std::size_t collection;
+    std::size_t collection = 0;
 
     [[nodiscard]] auto key() const { return std::tuple(start, collection, occurrence.item, occurrence.original); }
 };
@@ -34,8 +34,8 @@ EKEvent makeEvent(const FoundOccurrence &found, StoredCollection &collection, co
         = occurrence.originalIsZoned ? sys_seconds { original } : viewer.toInstant(LocalTime { original });
     const seconds cut { occurrence.form == TimeForm::Day ? 1 : 0 };
     CollectionContents &contents = collection.contents();
-    return EKEvent(contents.item(occurrence), collection.calendar(), contents.identifierSuffix(occurrence), found.start,
-        found.end - cut, occurrenceDate);
+    return EKEvent(contents.item(occurrence), collection.calendar(), contents.identifierSuffix(occurrence),
+        { found.start, found.end - cut, occurrenceDate, occurrence.original, occurrence.originalIsZoned });
 }
 
 void merge(StoreChanges &into, const StoreChanges &changes)
@@ -53,11 +53,13 @@ void merge(StoreChanges &into, const StoreChanges &changes)
 } // namespace
 
 CalendarDatabase::CalendarDatabase(std::unique_ptr<StoreBackend> backend, std::unique_ptr<CalendarIndex> index,
-    const Environment &environment, NotificationCenter &notifications, Logger logger)
+    const Environment &environment, NotificationCenter &notifications, Logger logger,
+    std::unique_ptr<ChangeJournal> journal)
     : m_environment(environment)
     , m_notifications(notifications)
     , m_logger(std::move(logger))
     , m_index(std::move(index))
+    , m_journal(std::move(journal))
     , m_context(std::make_unique<QObject>())
     , m_backend(std::move(backend))
 {
@@ -198,6 +200,52 @@ std::vector<EKReminder> CalendarDatabase::reminders(const EKReminderPredicate &p
     return result;
 }
 
+EKCalendarRef CalendarDatabase::defaultCalendarForNewEvents()
+{
+    const QMutexLocker lock(&m_mutex);
+    applyChanges();
+    EKCalendarRef first;
+    for (const auto &collection : m_collections) {
+        const EKCalendarRef &calendar = collection->calendar();
+        if (!calendar->allowsContentModifications || !calendar->allowsEvents)
+            continue;
+        if (collection->info().isDefault)
+            return calendar;
+        if (!first)
+            first = calendar;
+    }
+    return first;
+}
+
+std::optional<EKEvent> CalendarDatabase::eventWithIdentifier(
+    const QString &identifier, const std::optional<Date> &start)
+{
+    const QMutexLocker lock(&m_mutex);
+    applyChanges();
+    const std::vector<EKEvent> found = occurrences(identifier, start);
+    return found.empty() ? std::nullopt : std::optional(found.front());
+}
+
+/// Those of an event that begin at `start`, or of its first ones the earliest.
+std::vector<EKEvent> CalendarDatabase::occurrences(const QString &identifier, const std::optional<Date> &start)
+{
+    const TimeZone viewer = m_environment.timeZone();
+    std::vector<EKEvent> found;
+    for (const auto &collection : m_collections) {
+        const QString prefix = collection->info().identifier + u'/';
+        if (!identifier.startsWith(prefix) || !found.empty())
+            continue;
+        CollectionContents &contents = collection->contents();
+        contents.occurrences(contents.itemName(identifier.mid(prefix.size())), start, viewer,
+            [&](const Occurrence &occurrence, sys_seconds begin, sys_seconds end) {
+                found.push_back(makeEvent({ occurrence, begin, end }, *collection, viewer));
+            });
+    }
+    std::stable_sort(
+        found.begin(), found.end(), [](const EKEvent &a, const EKEvent &b) { return a.startDate() < b.startDate(); });
+    return found;
+}
+
 void CalendarDatabase::storeChanged(const StoreChanges &changes)
 {
     {
@@ -220,7 +268,7 @@ bool CalendarDatabase::differs(const StoreChanges &changes)
         });
     }
     return std::any_of(changes.objects.begin(), changes.objects.end(), [this](const auto &change) {
-        const StoredCollection *collection = find(change.first);
+        StoredCollection *collection = find(change.first);
         return collection && collection->differs(change.second);
     });
 }

@@ -1,7 +1,10 @@
 #pragma once
 
+#include "Platform/EventKit/ChangeJournal.h"
 #include "Platform/EventKit/EKEventStore.h"
+#include "Platform/EventKit/StoreEditor.h"
 #include "Platform/EventKit/StoredCollection.h"
+#include "Platform/EventKit/Writing/EventEditor.h"
 #include "Platform/Foundation/Environment.h"
 #include "Platform/Foundation/Logger.h"
 #include "Platform/Foundation/NotificationCenter.h"
@@ -18,9 +21,10 @@ class CalendarDatabase
 {
 public:
     /// `environment` and `notifications` must outlive the database. `index` may be null: then each run parses all.
+    /// `journal` may be null: then nothing is kept of what is overwritten.
     CalendarDatabase(std::unique_ptr<StoreBackend> backend, std::unique_ptr<CalendarIndex> index,
         const Environment &environment, NotificationCenter &notifications,
-        Logger logger = Logger(QStringLiteral("EventStore")));
+        Logger logger = Logger(QStringLiteral("EventStore")), std::unique_ptr<ChangeJournal> journal = nullptr);
     ~CalendarDatabase();
 
     /// From now on changes are told and taken in. Without it the state at the first question stands.
@@ -30,16 +34,52 @@ public:
     [[nodiscard]] std::vector<EKEvent> events(const EKEventPredicate &predicate);
     [[nodiscard]] std::vector<EKReminder> reminders(const EKReminderPredicate &predicate);
 
+    /// As EKEventStore tells them.
+    [[nodiscard]] EKCalendarRef defaultCalendarForNewEvents();
+    [[nodiscard]] std::optional<EKEvent> eventWithIdentifier(
+        const QString &identifier, const std::optional<Date> &start);
+    [[nodiscard]] EKEvent save(const EKEvent &event, EKSpan span);
+    void remove(const EKEvent &event, EKSpan span);
+    void save(const EKReminder &reminder);
+    void remove(const EKReminder &reminder);
+
+    /// What was overwritten or removed in the last 30 days, the latest last.
+    [[nodiscard]] std::vector<ChangeJournal::Entry> journal();
+    /// The object as it was; empty where it cannot be read any more.
+    [[nodiscard]] std::optional<QByteArray> journalText(const QString &id);
+    /// Brings an object back as it was, over what there is of it now, and takes away what the same change made of it
+    /// elsewhere; the journal keeps both in turn. False where it is as it was: then nothing is done. Throws EKError.
+    [[nodiscard]] bool restore(const QString &id);
+
 private:
     using Collections = std::vector<std::unique_ptr<StoredCollection>>;
 
     // All below hold m_mutex, but for storeChanged.
     void storeChanged(const StoreChanges &changes);
+    [[nodiscard]] std::vector<EKEvent> occurrences(const QString &identifier, const std::optional<Date> &start);
+    [[nodiscard]] EKEvent savedEvent(const EKEvent &event, EKSpan span, const QString &identifier);
     [[nodiscard]] bool differs(const StoreChanges &changes);
     void beginWatching();
     [[nodiscard]] std::vector<std::size_t> wanted(const std::optional<std::vector<QString>> &identifiers) const;
     [[nodiscard]] std::vector<std::vector<bool>> matchingItems(
         const std::vector<std::size_t> &places, const std::optional<QString> &text);
+    /// Where an event or reminder is, and what is to be done there.
+    struct Task
+    {
+        StoredCollection *source;
+        /// Where what is new comes to.
+        StoredCollection *target;
+        std::function<QStringList(const CollectionContents &contents)> objects;
+        std::function<StoreEdit(std::vector<ObjectText> objects)> work;
+    };
+    [[nodiscard]] StoreEdit carryOut(const Task &task);
+    void takeWritten(const Task &task, const StoreEdit &edit, const QString &createdName);
+    [[nodiscard]] StoredCollection &writable(const EKCalendarRef &calendar);
+    [[nodiscard]] EditContext editContext(const StoredCollection &collection) const;
+    [[nodiscard]] bool putBack(const ChangeJournal::Place &place, const std::optional<QByteArray> &text);
+    [[nodiscard]] QString saveNew(const EKEvent &event);
+    [[nodiscard]] QString saveChanged(const EKEvent &event, EKSpan span);
+
     void applyChanges();
     void applyCollections();
     void apply(const std::vector<StoredCollection *> &collections, const std::map<QString, QStringList> &names);
@@ -50,6 +90,7 @@ private:
     const Logger m_logger;
     QMutex m_mutex;
     const std::unique_ptr<CalendarIndex> m_index;
+    const std::unique_ptr<ChangeJournal> m_journal;
     Collections m_collections;
     /// In m_collections, by identifier.
     QHash<QString, std::size_t> m_places;

@@ -9,6 +9,9 @@ using namespace std::chrono;
 namespace {
 
 constexpr std::size_t kKeptWindows = 3;
+constexpr std::int64_t kStepsPerEvent = 2'000'000;
+/// How far from the start of a series its first occurrence may be.
+constexpr seconds kFirstReach = days { 366 };
 /// A reading and its moment are less than this apart in any zone.
 constexpr seconds kZoneReach = days { 2 };
 
@@ -244,6 +247,94 @@ void CollectionContents::matchingEvents(
             expand(each, window, budget, refused, all);
     }
     Occurrences(all).search(query, take);
+}
+
+CollectionContents::ItemName CollectionContents::itemName(const QString &uidAndSuffix) const
+{
+    for (const Place &place : m_places) {
+        const qsizetype length = place.name->size() + 1;
+        if (uidAndSuffix.size() <= length || !uidAndSuffix.endsWith(*place.name))
+            continue;
+        const ItemName name { uidAndSuffix.chopped(length), uidAndSuffix.right(length) };
+        if (name.suffix.startsWith(u'/') && !(objectsOfEvent(name).isEmpty() && objectsOfReminder(name).isEmpty()))
+            return name;
+    }
+    return { uidAndSuffix, {} };
+}
+
+/// Whether a series in this object is the event's, or stray exceptions of it.
+bool CollectionContents::isNamed(const Series &series, const ItemName &event) const
+{
+    if (series.series->uid != uidKey(event.uid))
+        return false;
+    const auto &master = series.series->master;
+    const bool isRepeated = master && m_repeated.contains(series.firstItem + master->item);
+    return isRepeated ? event.suffix == u'/' + *series.place->name : event.suffix.isEmpty();
+}
+
+QStringList CollectionContents::objectsOfEvent(const ItemName &event) const
+{
+    QStringList names;
+    for (const Place &place : m_places) {
+        for (const EventSeries &series : place.object->schedule.events) {
+            if (!isNamed({ &series, &place, place.firstItem }, event) || names.contains(*place.name))
+                continue;
+            names.insert(series.master ? 0 : names.size(), *place.name);
+        }
+    }
+    return names;
+}
+
+QStringList CollectionContents::objectsOfReminder(const ItemName &reminder) const
+{
+    QStringList names;
+    const UidKey key = uidKey(reminder.uid);
+    for (const Place &place : m_places) {
+        std::uint32_t number = place.firstReminder;
+        for (const UidKey uid : place.object->schedule.reminders) {
+            if (uid == key && identifierSuffix(number) == reminder.suffix && !names.contains(*place.name))
+                names.append(*place.name);
+            ++number;
+        }
+    }
+    return names;
+}
+
+void CollectionContents::occurrences(
+    const ItemName &event, const std::optional<Date> &start, const TimeZone &viewer, const Found &found)
+{
+    ExpansionBudget budget { kStepsPerEvent };
+    const Report ignore = [](const QString &) {};
+    std::vector<Occurrence> all;
+    bool repeats = false;
+    for (const Series &series : m_series) {
+        if (!isNamed(series, event))
+            continue;
+        repeats = true;
+        const auto &first
+            = series.series->master ? *series.series->master : series.series->recurrence->exceptions.front().timing;
+        const sys_seconds around = start ? floor<seconds>(*start) : first.start.instant(viewer);
+        expand(series, { around - kZoneReach, around + (start ? kZoneReach : kFirstReach) }, budget, ignore, all);
+    }
+    for (const Place &place : m_places) {
+        for (const EventSeries &series : place.object->schedule.events) {
+            if (repeats || series.recurrence || series.master->isCancelled
+                || !isNamed({ &series, &place, place.firstItem }, event))
+                continue;
+            all.push_back(singleOccurrence(*series.master));
+            all.back().item += place.firstItem;
+        }
+    }
+    // One that happens once is the same one wherever it was moved to.
+    const bool isAny = !repeats || !start;
+    for (const Occurrence &each : all) {
+        const auto moment = [&](std::int64_t count) {
+            return each.isZoned() ? toInstant(count) : viewer.toInstant(LocalTime { seconds { count } });
+        };
+        const sys_seconds begin = moment(each.start);
+        if ((isAny || begin == *start) && item(each)->uid == event.uid)
+            found(each, begin, moment(each.end));
+    }
 }
 
 void CollectionContents::load(const std::vector<std::uint32_t> &items)

@@ -81,6 +81,21 @@ public:
     /// were left out because they cost too much.
     void events(const Query &query, ExpansionBudget &budget, const Found &found, const Report &refused);
 
+    /// An event or reminder: its UID, and what tells it from others of its UID, as `identifierSuffix` gives it.
+    struct ItemName
+    {
+        QString uid;
+        QString suffix;
+    };
+    /// Takes what the two make together apart again.
+    [[nodiscard]] ItemName itemName(const QString &uidAndSuffix) const;
+    /// Tells `found` of the occurrence of an event that begins at `start`, or of its first ones.
+    void occurrences(
+        const ItemName &event, const std::optional<Date> &start, const TimeZone &viewer, const Found &found);
+    /// The objects that hold anything of an event, the one with its series first.
+    [[nodiscard]] QStringList objectsOfEvent(const ItemName &event) const;
+    [[nodiscard]] QStringList objectsOfReminder(const ItemName &reminder) const;
+
     /// By their numbers in the collection, the items whose title, location or notes it finds.
     [[nodiscard]] std::vector<bool> matchingItems(const TextMatcher &text);
 
@@ -157,6 +172,7 @@ private:
         std::vector<Occurrence> &all) const;
     [[nodiscard]] const Occurrences &expanded(const Query &query, ExpansionBudget &budget, const Report &refused);
     void matchingEvents(const Query &query, ExpansionBudget &budget, const Found &found, const Report &refused);
+    [[nodiscard]] bool isNamed(const Series &series, const ItemName &event) const;
     [[nodiscard]] const Place &placeOf(std::uint32_t item) const;
     [[nodiscard]] ObjectDetails &details(const Place &place);
     [[nodiscard]] std::shared_ptr<const EventItem> item(std::uint32_t number);

@@ -83,17 +83,23 @@ bool isQuotedPrintable(QByteArrayView line)
 
 } // namespace
 
-ContentLines::ContentLines(const QByteArray &text)
-    : m_text(text)
+QByteArray plainText(const QByteArray &text)
 {
+    QByteArray plain = text;
     if (const auto encoding = encodingOf(text); encoding != QStringDecoder::Utf8)
-        m_text = QString(QStringDecoder(encoding)(text)).toUtf8();
-    if (m_text.startsWith("\xEF\xBB\xBF"))
-        m_text.remove(0, 3);
-    if (m_text.contains('\0')) {
-        m_text.replace('\0', QByteArray());
+        plain = QString(QStringDecoder(encoding)(text)).toUtf8();
+    if (plain.startsWith("\xEF\xBB\xBF"))
+        plain.remove(0, 3);
+    if (plain.contains('\0'))
+        plain.replace('\0', QByteArray());
+    return plain;
+}
+
+ContentLines::ContentLines(const QByteArray &text)
+    : m_text(plainText(text))
+{
+    if (encodingOf(text) == QStringDecoder::Utf8 && text.contains('\0'))
         m_complaints.append(QStringLiteral("NUL bytes, left out"));
-    }
     m_at = m_text.data();
     m_end = m_at + m_text.size();
     m_lineFeed = m_at;
@@ -127,9 +133,11 @@ void ContentLines::append(Span &line, char separator)
 std::optional<ContentLines::Line> ContentLines::next()
 {
     Span line { nullptr, nullptr };
+    std::uint32_t begin = 0;
     do {
         if (m_at == m_end)
             return std::nullopt;
+        begin = position();
         line = takePhysical();
     } while (line.begin == line.end);
 
@@ -154,7 +162,7 @@ std::optional<ContentLines::Line> ContentLines::next()
             break;
         }
     }
-    return Line { text(), wasBroken, m_endsInLine };
+    return Line { text(), { begin, position() }, wasBroken, m_endsInLine };
 }
 
 } // namespace mintaro

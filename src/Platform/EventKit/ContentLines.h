@@ -3,9 +3,21 @@
 #include <QByteArray>
 #include <QStringList>
 
+#include <cstdint>
 #include <optional>
 
 namespace mintaro {
+
+/// Part of a text, by its bytes.
+struct TextSpan
+{
+    std::uint32_t begin = 0;
+    std::uint32_t end = 0;
+};
+
+/// The text in UTF-8, without a byte order mark and NULs; the same bytes where it is so already, or in an encoding that
+/// does not say what it is.
+[[nodiscard]] QByteArray plainText(const QByteArray &text);
 
 /// Walks the unfolded content lines (RFC 5545 3.1) of a text, in one pass and in place. Takes what programs have
 /// written in thirty years: a byte order mark, UTF-16, NULs, every kind of line end, the line breaks of
@@ -16,6 +28,8 @@ public:
     struct Line
     {
         QByteArrayView text;
+        /// Where it stands in the plain text, with its line breaks and folds and the empty lines behind it.
+        TextSpan span {};
         /// A line break stood in it that should have been escaped.
         bool wasBroken = false;
         /// The text ends in it.
@@ -41,6 +55,7 @@ private:
 
     [[nodiscard]] Span takePhysical();
     void append(Span &line, char separator);
+    [[nodiscard]] std::uint32_t position() const { return static_cast<std::uint32_t>(m_at - m_text.constData()); }
 
     QByteArray m_text;
     QStringList m_complaints;

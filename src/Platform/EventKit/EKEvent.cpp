@@ -18,13 +18,11 @@ EKEvent::EKEvent()
 {
 }
 
-EKEvent::EKEvent(std::shared_ptr<const EventItem> item, EKCalendarRef calendar, QString identifierSuffix, Date start,
-    Date end, Date occurrence)
+EKEvent::EKEvent(std::shared_ptr<const EventItem> item, EKCalendarRef calendar, QString identifierSuffix,
+    const EventOccurrence &occurrence)
     : m_item(std::move(item))
     , m_calendar(std::move(calendar))
     , m_identifierSuffix(std::move(identifierSuffix))
-    , m_start(start)
-    , m_end(end)
     , m_occurrence(occurrence)
 {
 }
@@ -41,17 +39,17 @@ QString EKEvent::calendarItemExternalIdentifier() const
 
 std::optional<QString> EKEvent::title() const
 {
-    return present(m_item->title);
+    return present(changed(&EventChanges::title, m_item->title));
 }
 
 std::optional<QString> EKEvent::location() const
 {
-    return present(m_item->location);
+    return present(changed(&EventChanges::location, m_item->location));
 }
 
 std::optional<QString> EKEvent::notes() const
 {
-    return present(m_item->notes);
+    return present(changed(&EventChanges::notes, m_item->notes));
 }
 
 std::optional<QString> EKEvent::url() const
@@ -61,7 +59,7 @@ std::optional<QString> EKEvent::url() const
 
 bool EKEvent::isAllDay() const
 {
-    return m_item->isAllDay;
+    return changed(&EventChanges::isAllDay, m_item->isAllDay);
 }
 
 const std::vector<EKParticipant> &EKEvent::attendees() const
@@ -71,12 +69,70 @@ const std::vector<EKParticipant> &EKEvent::attendees() const
 
 const std::vector<EKAlarm> &EKEvent::alarms() const
 {
-    return m_item->alarms;
+    return changed(&EventChanges::alarms, m_item->alarms);
 }
 
 const std::vector<EKRecurrenceRule> &EKEvent::recurrenceRules() const
 {
-    return m_item->recurrenceRules;
+    return changed(&EventChanges::recurrenceRules, m_item->recurrenceRules);
+}
+
+template <typename Value>
+void EKEvent::change(std::optional<Value> EventChanges::*field, const Value &value, const Value &stored)
+{
+    auto changes = m_changes ? std::make_shared<EventChanges>(*m_changes) : std::make_shared<EventChanges>();
+    // A detached event has nothing that could stay as it is.
+    const bool isStored = m_calendar && value == stored;
+    (*changes).*field = isStored ? std::nullopt : std::optional(value);
+    m_changes = changes->isEmpty() ? nullptr : std::move(changes);
+}
+
+void EKEvent::setTitle(const std::optional<QString> &title)
+{
+    change(&EventChanges::title, title.value_or(QString()), m_item->title);
+}
+
+void EKEvent::setLocation(const std::optional<QString> &location)
+{
+    change(&EventChanges::location, location.value_or(QString()), m_item->location);
+}
+
+void EKEvent::setNotes(const std::optional<QString> &notes)
+{
+    change(&EventChanges::notes, notes.value_or(QString()), m_item->notes);
+}
+
+void EKEvent::setStartDate(Date start)
+{
+    change(&EventChanges::start, start, m_occurrence.start);
+}
+
+void EKEvent::setEndDate(Date end)
+{
+    change(&EventChanges::end, end, m_occurrence.end);
+}
+
+void EKEvent::setAllDay(bool isAllDay)
+{
+    change(&EventChanges::isAllDay, isAllDay, m_item->isAllDay);
+}
+
+void EKEvent::setRecurrenceRules(const std::vector<EKRecurrenceRule> &rules)
+{
+    change(&EventChanges::recurrenceRules, rules, m_item->recurrenceRules);
+}
+
+void EKEvent::setAlarms(const std::vector<EKAlarm> &alarms)
+{
+    change(&EventChanges::alarms, alarms, m_item->alarms);
+}
+
+void EKEvent::setCalendar(const EKCalendarRef &calendar)
+{
+    auto changes = m_changes ? std::make_shared<EventChanges>(*m_changes) : std::make_shared<EventChanges>();
+    const bool isStored = calendar && m_calendar && calendar->calendarIdentifier == m_calendar->calendarIdentifier;
+    changes->calendar = isStored ? nullptr : calendar;
+    m_changes = changes->isEmpty() ? nullptr : std::move(changes);
 }
 
 } // namespace mintaro

@@ -63,6 +63,26 @@ std::vector<EKEvent> EKEventStore::eventsMatchingPredicate(const EKEventPredicat
     return m_database->events(predicate);
 }
 
+EKCalendarRef EKEventStore::defaultCalendarForNewEvents()
+{
+    return m_database->defaultCalendarForNewEvents();
+}
+
+std::optional<EKEvent> EKEventStore::eventWithIdentifier(const QString &identifier, const std::optional<Date> &start)
+{
+    return m_database->eventWithIdentifier(identifier, start);
+}
+
+EKEvent EKEventStore::save(const EKEvent &event, EKSpan span)
+{
+    return m_database->save(event, span);
+}
+
+void EKEventStore::remove(const EKEvent &event, EKSpan span)
+{
+    m_database->remove(event, span);
+}
+
 EKReminderPredicate EKEventStore::predicateForReminders(const std::optional<std::vector<EKCalendarRef>> &calendars)
 {
     return { identifiersOf(calendars) };
@@ -71,6 +91,16 @@ EKReminderPredicate EKEventStore::predicateForReminders(const std::optional<std:
 std::vector<EKReminder> EKEventStore::fetchRemindersMatchingPredicate(const EKReminderPredicate &predicate)
 {
     return m_database->reminders(predicate);
+}
+
+void EKEventStore::save(const EKReminder &reminder)
+{
+    m_database->save(reminder);
+}
+
+void EKEventStore::remove(const EKReminder &reminder)
+{
+    m_database->remove(reminder);
 }
 
 } // namespace mintaro

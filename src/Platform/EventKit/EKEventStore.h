@@ -3,6 +3,7 @@
 #include "Platform/EventKit/EKCalendar.h"
 #include "Platform/EventKit/EKEvent.h"
 #include "Platform/EventKit/EKReminder.h"
+#include "Platform/EventKit/EKSpan.h"
 
 #include <memory>
 #include <optional>
@@ -54,9 +55,25 @@ public:
     /// Nothing before access was granted.
     [[nodiscard]] std::vector<EKEvent> eventsMatchingPredicate(const EKEventPredicate &predicate);
 
+    /// Where events come that nobody chose a calendar for; null where none can be changed.
+    [[nodiscard]] EKCalendarRef defaultCalendarForNewEvents();
+    /// The occurrence that begins at `start` (all occurrences of a series share the identifier), or without it the
+    /// first one; of an event that happens once, that one. Empty where there is none by now.
+    [[nodiscard]] std::optional<EKEvent> eventWithIdentifier(
+        const QString &identifier, const std::optional<Date> &start = std::nullopt);
+    /// Writes the changes that were made through the handle to the event as it is now: what other programs changed
+    /// besides stays. An event that was moved to another calendar leaves its own as far as `span` reaches. What comes
+    /// back is the event as it is then. Throws EKError, with a text for people; then nothing was changed.
+    [[nodiscard]] EKEvent save(const EKEvent &event, EKSpan span);
+    /// Throws EKError, as `save` does.
+    void remove(const EKEvent &event, EKSpan span);
+
     [[nodiscard]] static EKReminderPredicate predicateForReminders(
         const std::optional<std::vector<EKCalendarRef>> &calendars);
     [[nodiscard]] std::vector<EKReminder> fetchRemindersMatchingPredicate(const EKReminderPredicate &predicate);
+    /// As for events.
+    void save(const EKReminder &reminder);
+    void remove(const EKReminder &reminder);
 
 private:
     std::shared_ptr<CalendarDatabase> m_database;

@@ -22,6 +22,8 @@ EKReminder::EKReminder(std::shared_ptr<const ReminderRecord> record, EKCalendarR
     : m_record(std::move(record))
     , m_calendar(std::move(calendar))
     , m_identifierSuffix(std::move(identifierSuffix))
+    , m_isCompleted(storedCompleted())
+    , m_completionDate(storedCompletionDate())
 {
 }
 
@@ -56,12 +58,12 @@ std::optional<EKDueDateComponents> EKReminder::dueDateComponents() const
     return result;
 }
 
-bool EKReminder::isCompleted() const
+bool EKReminder::storedCompleted() const
 {
     return m_record->isCompleted;
 }
 
-std::optional<Date> EKReminder::completionDate() const
+std::optional<Date> EKReminder::storedCompletionDate() const
 {
     return m_record->completionDate;
 }

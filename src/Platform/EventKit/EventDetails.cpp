@@ -37,30 +37,8 @@ EKParticipant readAttendee(const ICalProperty &property, const QStringList &user
     participant.url = decodeText(property.value);
     participant.participantStatus = statusOf(property);
     participant.name = readParameter(property, "CN");
-    // Servers give their own principals as addresses, with the e-mail address beside (RFC 7986 6.2).
-    participant.isCurrentUser = userAddresses.contains(addressOf(participant.url))
-        || userAddresses.contains(addressOf(readParameter(property, "EMAIL")));
+    participant.isCurrentUser = isOneOf(property, userAddresses);
     return participant;
-}
-
-std::optional<EKAlarm> readAlarm(const ICalComponent &alarm, const EventLength &length, PropertyReader &reader)
-{
-    const ICalProperty *trigger = alarm.property("TRIGGER");
-    // ACTION:NONE stands for "no alarm" in what some programs write.
-    if (!trigger || PropertyReader::text(alarm, "ACTION").compare(u"NONE", Qt::CaseInsensitive) == 0)
-        return std::nullopt;
-    EKAlarm result;
-    if (const auto offset = parseDuration(trigger->value)) {
-        const seconds total = offset->length.total();
-        result.relativeOffset = offset->isNegative ? -total : total;
-        if (readParameter(*trigger, "RELATED").compare(u"END", Qt::CaseInsensitive) == 0)
-            result.relativeOffset += length.total();
-        return result;
-    }
-    const auto at = reader.time(*trigger, trigger->value);
-    if (at)
-        result.absoluteDate = at->instant(TimeZone());
-    return at ? std::optional(result) : std::nullopt;
 }
 
 bool isLink(const QString &text)
@@ -97,6 +75,33 @@ QString readLink(const ICalComponent &component)
 }
 
 } // namespace
+
+std::optional<EKAlarm> readAlarm(const ICalComponent &alarm, const EventLength &length, PropertyReader &reader)
+{
+    const ICalProperty *trigger = alarm.property("TRIGGER");
+    // ACTION:NONE stands for "no alarm" in what some programs write.
+    if (!trigger || PropertyReader::text(alarm, "ACTION").compare(u"NONE", Qt::CaseInsensitive) == 0)
+        return std::nullopt;
+    EKAlarm result;
+    if (const auto offset = parseDuration(trigger->value)) {
+        const seconds total = offset->length.total();
+        result.relativeOffset = offset->isNegative ? -total : total;
+        if (readParameter(*trigger, "RELATED").compare(u"END", Qt::CaseInsensitive) == 0)
+            result.relativeOffset += length.total();
+        return result;
+    }
+    const auto at = reader.time(*trigger, trigger->value);
+    if (at)
+        result.absoluteDate = at->instant(TimeZone());
+    return at ? std::optional(result) : std::nullopt;
+}
+
+bool isOneOf(const ICalProperty &person, const QStringList &addresses)
+{
+    // Servers give their own principals as addresses, with the e-mail address beside (RFC 7986 6.2).
+    return addresses.contains(addressOf(decodeText(person.value)))
+        || addresses.contains(addressOf(readParameter(person, "EMAIL")));
+}
 
 void readDetails(const ICalComponent &component, PropertyReader &reader, const QStringList &userAddresses,
     const EventLength &length, EventItem &item)

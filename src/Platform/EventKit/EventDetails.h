@@ -12,4 +12,11 @@ namespace mintaro {
 void readDetails(const ICalComponent &component, PropertyReader &reader, const QStringList &userAddresses,
     const EventLength &length, EventItem &item);
 
+/// Empty for an alarm without a trigger that makes sense, and for one that stands for none.
+[[nodiscard]] std::optional<EKAlarm> readAlarm(
+    const ICalComponent &alarm, const EventLength &length, PropertyReader &reader);
+
+/// Whether the calendar user address of an ATTENDEE or ORGANIZER is one of these, which are in lower case.
+[[nodiscard]] bool isOneOf(const ICalProperty &person, const QStringList &addresses);
+
 } // namespace mintaro

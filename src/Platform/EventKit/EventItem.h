@@ -26,6 +26,8 @@ struct EventItem
     bool isAllDay = false;
     /// The parser could not read all of it: writing it back would lose something.
     bool isDamaged = false;
+
+    friend bool operator==(const EventItem &, const EventItem &) = default;
 };
 
 } // namespace mintaro

@@ -28,6 +28,18 @@ qsizetype findUnquoted(QByteArrayView text, qsizetype from, char wanted)
     return text.size();
 }
 
+/// Calls `visit` with each parameter that is not empty, for as long as it answers true.
+template <typename Visit>
+void visitParameters(QByteArrayView parameters, Visit &&visit)
+{
+    for (qsizetype begin = 0; begin < parameters.size();) {
+        const qsizetype end = findUnquoted(parameters, begin, ';');
+        if (end > begin && !visit(parameters.sliced(begin, end - begin)))
+            return;
+        begin = end + 1;
+    }
+}
+
 template <std::size_t size>
 bool isOneOf(QByteArrayView name, const std::array<QByteArrayView, size> &names)
 {
@@ -114,11 +126,13 @@ public:
     ICalDocument build()
     {
         while (const auto line = m_lines.next()) {
+            m_span = line->span;
             if (m_open.size() > kMaximumDepth) {
                 complain(QStringLiteral("components nested too deeply, read up to there"));
                 break;
             }
             take(*line);
+            m_span.begin = m_span.end;
         }
         if (m_document.root.components.empty())
             m_document.complaints = Complaints({ QStringLiteral("no iCalendar object") });
@@ -161,6 +175,7 @@ private:
             m_open.back()->isDamaged = true;
         }
         m_open.back()->properties.push_back(property);
+        m_open.back()->properties.back().source = m_span;
     }
 
     void begin(QByteArrayView name)
@@ -172,6 +187,7 @@ private:
         }
         ICalComponent &component = m_open.back()->components.emplace_back();
         component.name = name;
+        component.head = m_span;
         m_open.push_back(&component);
     }
 
@@ -184,12 +200,14 @@ private:
             complain(QStringLiteral("%1 without an end").arg(QString::fromLatin1(m_open.back()->name)));
             closeDamaged();
         }
+        m_open.back()->tail = m_span;
         m_open.pop_back();
     }
 
     void closeDamaged()
     {
         m_open.back()->isDamaged = true;
+        m_open.back()->tail = { m_span.begin, m_span.begin };
         m_open.pop_back();
     }
 
@@ -202,6 +220,8 @@ private:
     void complain(const QString &text) { m_document.complaints.add(text); }
 
     ContentLines m_lines;
+    /// Of the present line.
+    TextSpan m_span;
     ICalDocument m_document;
     /// The root and the components that have no end yet. None of them moves: only the last one gets new components.
     std::vector<ICalComponent *> m_open;
@@ -221,18 +241,27 @@ QByteArrayView withoutBlanks(QByteArrayView text)
 
 std::optional<QByteArrayView> ICalProperty::parameter(QByteArrayView wanted) const
 {
-    for (qsizetype begin = 0; begin < parameters.size();) {
-        const qsizetype end = findUnquoted(parameters, begin, ';');
-        const QByteArrayView each = parameters.sliced(begin, end - begin);
+    std::optional<QByteArrayView> found;
+    visitParameters(parameters, [&](QByteArrayView each) {
         const qsizetype sign = std::max<qsizetype>(each.indexOf('='), 0);
-        if (withoutBlanks(each.first(sign)).compare(wanted, Qt::CaseInsensitive) == 0) {
-            const QByteArrayView text = withoutBlanks(each.sliced(sign + 1));
-            const bool isQuoted = text.size() >= 2 && text.front() == '"' && text.back() == '"';
-            return isQuoted ? text.sliced(1, text.size() - 2) : text;
-        }
-        begin = end + 1;
-    }
-    return std::nullopt;
+        if (withoutBlanks(each.first(sign)).compare(wanted, Qt::CaseInsensitive) != 0)
+            return true;
+        const QByteArrayView text = withoutBlanks(each.sliced(sign + 1));
+        const bool isQuoted = text.size() >= 2 && text.front() == '"' && text.back() == '"';
+        found = isQuoted ? text.sliced(1, text.size() - 2) : text;
+        return false;
+    });
+    return found;
+}
+
+std::vector<QByteArrayView> ICalProperty::parameterList() const
+{
+    std::vector<QByteArrayView> list;
+    visitParameters(parameters, [&list](QByteArrayView each) {
+        list.push_back(each);
+        return true;
+    });
+    return list;
 }
 
 const ICalProperty *ICalComponent::property(QByteArrayView wanted) const

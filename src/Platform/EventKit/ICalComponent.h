@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Platform/EventKit/ContentLines.h"
+
 #include <QByteArray>
 #include <QStringList>
 
@@ -42,9 +44,13 @@ struct ICalProperty
     QByteArrayView parameters;
     /// As written, unfolded.
     QByteArrayView value;
+    /// Its lines in the plain text.
+    TextSpan source {};
 
     /// The value of the first parameter of this name (in capitals), without quotes.
     [[nodiscard]] std::optional<QByteArrayView> parameter(QByteArrayView name) const;
+    /// Each as it is written, without its semicolon.
+    [[nodiscard]] std::vector<QByteArrayView> parameterList() const;
 };
 
 /// A component (RFC 5545 3.6) with all that stands in it, known or not.
@@ -54,6 +60,9 @@ struct ICalComponent
     QByteArrayView name;
     std::vector<ICalProperty> properties;
     std::vector<ICalComponent> components;
+    /// Its BEGIN and its END in the plain text. An empty `tail`, where the component ends, has no END.
+    TextSpan head {};
+    TextSpan tail {};
     /// Lines of it were lost or guessed at.
     bool isDamaged = false;
 

@@ -1,5 +1,7 @@
 #include "Platform/EventKit/RecurrenceExpander.h"
 
+#include "Platform/EventKit/SeriesClock.h"
+
 #include <algorithm>
 
 namespace mintaro {
@@ -13,22 +15,6 @@ constexpr std::int64_t kMaximumPerDay = 300;
 constexpr std::int64_t kMaximumExtra = 1'000;
 constexpr std::int64_t kMaximumStepsPerSeries = 2'000'000;
 
-std::int64_t count(LocalTime reading)
-{
-    return reading.time_since_epoch().count();
-}
-
-std::int64_t count(sys_seconds instant)
-{
-    return instant.time_since_epoch().count();
-}
-
-/// What an item's kind counts its times by: moments, or readings.
-std::int64_t timeOf(const EventTime &time)
-{
-    return time.isZoned() ? count(time.zone.toInstant(time.reading)) : count(time.reading);
-}
-
 Occurrence makeOccurrence(const EventTiming &timing, LocalTime reading, const EventLength &length)
 {
     EventTime start = timing.start;
@@ -36,22 +22,14 @@ Occurrence makeOccurrence(const EventTiming &timing, LocalTime reading, const Ev
     EventTime nominalEnd = start;
     nominalEnd.reading += length.nominal;
     Occurrence occurrence;
-    occurrence.start = timeOf(start);
-    occurrence.end = std::max(occurrence.start, timeOf(nominalEnd) + length.exact.count());
+    occurrence.start = SeriesClock::keyOf(start);
+    occurrence.end = std::max(occurrence.start, SeriesClock::keyOf(nominalEnd) + length.exact.count());
     occurrence.original = occurrence.start;
     occurrence.item = timing.item;
     occurrence.form = start.form;
     occurrence.originalIsZoned = start.isZoned();
     return occurrence;
 }
-
-/// One start that the series gives. `key` tells it from the others: the moment in a zoned series, else the reading.
-struct Start
-{
-    std::int64_t key;
-    LocalTime reading;
-    std::optional<EventLength> length;
-};
 
 /// Starts named by EXDATE, EXRULE or RECURRENCE-ID. A DATE in a series with times names all of its day.
 class StartSet
@@ -64,7 +42,7 @@ public:
         std::sort(m_keys.begin(), m_keys.end());
         std::sort(m_days.begin(), m_days.end());
     }
-    [[nodiscard]] bool contains(const Start &start) const
+    [[nodiscard]] bool contains(const SeriesStart &start) const
     {
         return std::binary_search(m_keys.begin(), m_keys.end(), start.key)
             || std::binary_search(m_days.begin(), m_days.end(), floor<days>(start.reading));
@@ -81,6 +59,7 @@ public:
     Expansion(
         const EventTiming &master, const Recurrence &recurrence, const ExpansionWindow &window, ExpansionBudget &budget)
         : m_master(master)
+        , m_clock(master.start)
         , m_recurrence(recurrence)
         , m_budget(budget)
         , m_from(LocalTime { window.begin.time_since_epoch() } - reach())
@@ -90,24 +69,23 @@ public:
     }
 
     ExpansionResult run(std::vector<Occurrence> &result);
+    [[nodiscard]] std::optional<std::vector<SeriesStart>> starts();
 
 private:
     [[nodiscard]] seconds reach() const;
-    [[nodiscard]] std::int64_t keyOf(LocalTime reading) const;
-    [[nodiscard]] LocalTime ownReading(const EventTime &time) const;
     void name(const EventTime &time, StartSet &set) const;
     template <typename Visit>
     bool forEach(const RecurrenceRule &rule, Visit &&visit);
-    [[nodiscard]] bool isPast(const RecurrenceRule::Until &until, LocalTime reading) const;
     [[nodiscard]] bool collectStarts();
     [[nodiscard]] bool collectExcluded();
     void addFirst();
     void addDates();
     void collectFuture();
-    [[nodiscard]] const SeriesException *governing(const Start &start) const;
-    [[nodiscard]] Occurrence shifted(const SeriesException &exception, const Start &start) const;
+    [[nodiscard]] const SeriesException *governing(const SeriesStart &start) const;
+    [[nodiscard]] Occurrence shifted(const SeriesException &exception, const SeriesStart &start) const;
 
     const EventTiming &m_master;
+    const SeriesClock m_clock;
     const Recurrence &m_recurrence;
     ExpansionBudget &m_budget;
     const LocalTime m_from;
@@ -115,7 +93,7 @@ private:
     const std::int64_t m_maximum;
     /// By all rules together.
     std::int64_t m_visited = 0;
-    std::vector<Start> m_starts;
+    std::vector<SeriesStart> m_starts;
     StartSet m_excluded;
     std::vector<std::pair<std::int64_t, const SeriesException *>> m_future;
 };
@@ -135,41 +113,14 @@ seconds Expansion::reach() const
     return reach + days { 2 };
 }
 
-std::int64_t Expansion::keyOf(LocalTime reading) const
-{
-    EventTime time = m_master.start;
-    time.reading = reading;
-    return timeOf(time);
-}
-
-/// The reading that `time` has on the series' own clock. Between a zoned value and a series without a zone there is no
-/// bridge; the reading is taken as it is written.
-LocalTime Expansion::ownReading(const EventTime &time) const
-{
-    if (m_master.start.form == TimeForm::Day)
-        return floor<days>(time.reading);
-    if (m_master.start.isZoned() && time.isZoned() && !(time.zone == m_master.start.zone))
-        return m_master.start.zone.toLocal(time.zone.toInstant(time.reading));
-    return time.reading;
-}
-
 void Expansion::name(const EventTime &time, StartSet &set) const
 {
     if (time.form == TimeForm::Day && m_master.start.form != TimeForm::Day)
         set.add(floor<days>(time.reading));
     else if (m_master.start.isZoned() && time.isZoned())
-        set.add(timeOf(time));
+        set.add(SeriesClock::keyOf(time));
     else
-        set.add(keyOf(ownReading(time)));
-}
-
-bool Expansion::isPast(const RecurrenceRule::Until &until, LocalTime reading) const
-{
-    if (m_master.start.form == TimeForm::Day)
-        return reading > floor<days>(until.reading);
-    if (until.isUtc && m_master.start.isZoned())
-        return keyOf(reading) > count(until.reading);
-    return reading > until.reading;
+        set.add(m_clock.keyOf(m_clock.reading(time)));
 }
 
 /// Visits the readings from m_from to m_to; false where the rule costs too much, or there are too many of them.
@@ -181,7 +132,7 @@ bool Expansion::forEach(const RecurrenceRule &rule, Visit &&visit)
     RuleIterator iterator(rule, m_master.start.reading, m_to, m_budget);
     iterator.skipTo(m_from);
     while (const auto reading = iterator.next()) {
-        if (rule.until && isPast(*rule.until, *reading))
+        if (rule.until && m_clock.isPast(*rule.until, *reading))
             break;
         if (*reading < m_from)
             continue;
@@ -200,7 +151,7 @@ bool Expansion::collectStarts()
     for (const auto &rule : m_recurrence.rules) {
         const std::size_t before = m_starts.size();
         const bool fits = forEach(rule, [this](LocalTime reading) {
-            m_starts.push_back({ keyOf(reading), reading, std::nullopt });
+            m_starts.push_back({ m_clock.keyOf(reading), reading, std::nullopt });
         });
         if (!fits) {
             m_starts.resize(before);
@@ -210,10 +161,10 @@ bool Expansion::collectStarts()
     }
     addDates();
     // An RDATE of the form PERIOD wins over the rule's occurrence of that start: it knows its length.
-    std::stable_sort(m_starts.begin(), m_starts.end(), [](const Start &a, const Start &b) {
+    std::stable_sort(m_starts.begin(), m_starts.end(), [](const SeriesStart &a, const SeriesStart &b) {
         return std::pair(a.key, !a.length.has_value()) < std::pair(b.key, !b.length.has_value());
     });
-    const auto sameKey = [](const Start &a, const Start &b) { return a.key == b.key; };
+    const auto sameKey = [](const SeriesStart &a, const SeriesStart &b) { return a.key == b.key; };
     m_starts.erase(std::unique(m_starts.begin(), m_starts.end(), sameKey), m_starts.end());
     return complete;
 }
@@ -222,17 +173,17 @@ bool Expansion::collectStarts()
 void Expansion::addFirst()
 {
     const LocalTime first = m_master.start.reading;
-    m_starts.push_back({ keyOf(first), first, std::nullopt });
+    m_starts.push_back({ m_clock.keyOf(first), first, std::nullopt });
 }
 
 void Expansion::addDates()
 {
     const LocalTime first = m_master.start.reading;
     for (const auto &added : m_recurrence.addedDates) {
-        LocalTime reading = ownReading(added.start);
+        LocalTime reading = m_clock.reading(added.start);
         if (added.start.form == TimeForm::Day && m_master.start.form != TimeForm::Day)
             reading += first - floor<days>(first);
-        m_starts.push_back({ keyOf(reading), reading, added.length });
+        m_starts.push_back({ m_clock.keyOf(reading), reading, added.length });
     }
 }
 
@@ -240,12 +191,10 @@ bool Expansion::collectExcluded()
 {
     bool complete = true;
     for (const auto &rule : m_recurrence.excludingRules) {
-        complete = forEach(rule, [this](LocalTime reading) { m_excluded.add(keyOf(reading)); }) && complete;
+        complete = forEach(rule, [this](LocalTime reading) { m_excluded.add(m_clock.keyOf(reading)); }) && complete;
     }
     for (const auto &date : m_recurrence.excludedDates)
         name(date, m_excluded);
-    for (const auto &exception : m_recurrence.exceptions)
-        name(exception.recurrenceId, m_excluded);
     m_excluded.prepare();
     return complete;
 }
@@ -255,13 +204,13 @@ void Expansion::collectFuture()
 {
     for (const auto &exception : m_recurrence.exceptions) {
         if (exception.thisAndFuture)
-            m_future.emplace_back(keyOf(ownReading(exception.recurrenceId)), &exception);
+            m_future.emplace_back(m_clock.keyOf(m_clock.reading(exception.recurrenceId)), &exception);
     }
     std::stable_sort(m_future.begin(), m_future.end(), [](const auto &a, const auto &b) { return a.first < b.first; });
 }
 
 /// The THISANDFUTURE exception that speaks for `start`, the latest of those before it.
-const SeriesException *Expansion::governing(const Start &start) const
+const SeriesException *Expansion::governing(const SeriesStart &start) const
 {
     const auto next = std::upper_bound(m_future.begin(), m_future.end(), start.key,
         [](std::int64_t key, const auto &future) { return key < future.first; });
@@ -269,10 +218,10 @@ const SeriesException *Expansion::governing(const Start &start) const
 }
 
 /// `start` moved as `exception` was moved.
-Occurrence Expansion::shifted(const SeriesException &exception, const Start &start) const
+Occurrence Expansion::shifted(const SeriesException &exception, const SeriesStart &start) const
 {
-    const LocalTime from = ownReading(exception.recurrenceId);
-    const LocalTime to = exception.timing.start.form == m_master.start.form ? ownReading(exception.timing.start)
+    const LocalTime from = m_clock.reading(exception.recurrenceId);
+    const LocalTime to = exception.timing.start.form == m_master.start.form ? m_clock.reading(exception.timing.start)
                                                                             : exception.timing.start.reading;
     LocalTime reading = start.reading + (to - from);
     const EventTime &own = exception.timing.start;
@@ -281,12 +230,24 @@ Occurrence Expansion::shifted(const SeriesException &exception, const Start &sta
     return makeOccurrence(exception.timing, reading, exception.timing.length);
 }
 
+std::optional<std::vector<SeriesStart>> Expansion::starts()
+{
+    if (!collectStarts() || !collectExcluded())
+        return std::nullopt;
+    std::erase_if(m_starts, [this](const SeriesStart &start) {
+        return start.reading < m_from || start.reading > m_to || m_excluded.contains(start);
+    });
+    return std::move(m_starts);
+}
+
 ExpansionResult Expansion::run(std::vector<Occurrence> &result)
 {
+    for (const auto &exception : m_recurrence.exceptions)
+        name(exception.recurrenceId, m_excluded);
     const bool startsComplete = collectStarts();
     const bool complete = collectExcluded() && startsComplete;
     collectFuture();
-    for (const Start &start : m_starts) {
+    for (const SeriesStart &start : m_starts) {
         if (m_excluded.contains(start))
             continue;
         const SeriesException *future = governing(start);
@@ -307,6 +268,12 @@ Occurrence singleOccurrence(const EventTiming &timing)
     return makeOccurrence(timing, timing.start.reading, timing.length);
 }
 
+std::optional<std::vector<SeriesStart>> seriesStarts(
+    const EventTiming &master, const Recurrence &recurrence, const ExpansionWindow &window, ExpansionBudget &budget)
+{
+    return Expansion(master, recurrence, window, budget).starts();
+}
+
 ExpansionResult expandSeries(
     const EventSeries &series, const ExpansionWindow &window, ExpansionBudget &budget, std::vector<Occurrence> &result)
 {
@@ -321,7 +288,7 @@ ExpansionResult expandSeries(
         if (exception.timing.isCancelled)
             continue;
         Occurrence occurrence = singleOccurrence(exception.timing);
-        occurrence.original = timeOf(exception.recurrenceId);
+        occurrence.original = SeriesClock::keyOf(exception.recurrenceId);
         occurrence.originalIsZoned = exception.recurrenceId.isZoned();
         result.push_back(std::move(occurrence));
     }

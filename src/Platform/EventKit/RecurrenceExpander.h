@@ -24,6 +24,22 @@ enum class ExpansionResult {
 /// The occurrence of an event that happens once, cancelled or not.
 [[nodiscard]] Occurrence singleOccurrence(const EventTiming &timing);
 
+/// One start that a series gives, whether an exception takes its place or not.
+struct SeriesStart
+{
+    /// Tells it from the others, as SeriesClock counts.
+    std::int64_t key;
+    /// On the series' own clock.
+    LocalTime reading;
+    /// Set where an RDATE brings its own.
+    std::optional<EventLength> length;
+};
+
+/// The starts in and round the window, ascending: RRULE and RDATE without EXRULE and EXDATE. Empty where a rule was
+/// refused.
+[[nodiscard]] std::optional<std::vector<SeriesStart>> seriesStarts(
+    const EventTiming &master, const Recurrence &recurrence, const ExpansionWindow &window, ExpansionBudget &budget);
+
 /// Appends the occurrences of a series to `result`, in no order: RRULE and RDATE without EXRULE and EXDATE, exceptions
 /// in place of what they except, without the cancelled ones (RFC 5545 3.8.5). Occurrences outside the window may be
 /// among them.

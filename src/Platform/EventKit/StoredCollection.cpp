@@ -3,6 +3,7 @@
 #include "Platform/EventKit/CalendarPalette.h"
 #include "Platform/EventKit/ICalendarReader.h"
 
+#include <QCryptographicHash>
 #include <QHash>
 #include <QSet>
 
@@ -12,6 +13,11 @@ namespace {
 
 /// For all the rules of a query together: about half a second's work.
 constexpr std::int64_t kStepsPerQuery = 25'000'000;
+
+QByteArray fingerprint(const QByteArray &text)
+{
+    return QCryptographicHash::hash(text, QCryptographicHash::Sha256);
+}
 
 EKCalendar makeCalendar(const StoreCollection &info, const CollectionContents &contents)
 {
@@ -36,16 +42,17 @@ StoredCollection::StoredCollection(StoreBackend &backend, CalendarIndex *index, 
 {
 }
 
-bool StoredCollection::differs(const QStringList &names) const
+bool StoredCollection::differs(const QStringList &names)
 {
     if (names.isEmpty()) {
         const auto present = m_backend.objects(m_info.identifier);
         return m_contents.objects().size() != present.size()
-            || !std::all_of(present.begin(), present.end(), [this](const ObjectState &state) { return isHeld(state); });
+            || !std::all_of(present.begin(), present.end(),
+                [this](const ObjectState &state) { return isHeld(state) || isOwnWriting(state); });
     }
     return std::any_of(names.begin(), names.end(), [this](const QString &name) {
         const auto present = m_backend.object(m_info.identifier, name);
-        return present ? !isHeld(*present) : m_contents.object(name) != nullptr;
+        return present ? !isHeld(*present) && !isOwnWriting(*present) : m_contents.object(name) != nullptr;
     });
 }
 
@@ -88,6 +95,23 @@ bool StoredCollection::isHeld(const ObjectState &state) const
 {
     const StoredObject *held = m_contents.object(state.name);
     return held && held->revision == state.revision;
+}
+
+void StoredCollection::noteWritten(const QString &name, const QByteArray &text)
+{
+    m_written.insert(name, fingerprint(text));
+}
+
+/// Whether this state is what we wrote; then it is the one that is held.
+bool StoredCollection::isOwnWriting(const ObjectState &state)
+{
+    StoredObject *held = m_contents.object(state.name);
+    const QByteArray written = m_written.take(state.name);
+    const auto text = held && !written.isEmpty() ? m_backend.read(m_info.identifier, state.name) : std::nullopt;
+    if (!text || fingerprint(*text) != written)
+        return false;
+    held->revision = state.revision;
+    return true;
 }
 
 void StoredCollection::drop(const QString &name)

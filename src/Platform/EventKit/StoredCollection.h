@@ -5,6 +5,8 @@
 #include "Platform/EventKit/Index/CalendarIndex.h"
 #include "Platform/Foundation/Logger.h"
 
+#include <QHash>
+
 namespace mintaro {
 
 /// One calendar of the database: keeps its contents in step with the backend and with the index. Not thread-safe, but
@@ -22,7 +24,9 @@ public:
     [[nodiscard]] CollectionContents &contents() { return m_contents; }
 
     /// Whether the backend has another state than what is held, of these objects or, where none are named, of any.
-    [[nodiscard]] bool differs(const QStringList &names) const;
+    [[nodiscard]] bool differs(const QStringList &names);
+    /// Mintaro itself has just written this object: when the backend tells of it, that is no news.
+    void noteWritten(const QString &name, const QByteArray &text);
 
     /// The three steps to the present state. First: looks at these objects or, where none are named, at all, and
     /// answers which are to be parsed.
@@ -43,6 +47,7 @@ private:
     void visitDetails(const Visitor &visit) override;
     [[nodiscard]] std::vector<ObjectState> examineAll();
     [[nodiscard]] bool isHeld(const ObjectState &state) const;
+    [[nodiscard]] bool isOwnWriting(const ObjectState &state);
     void drop(const QString &name);
     [[nodiscard]] QString stamp() const { return m_info.userAddresses.join(u' '); }
     [[nodiscard]] std::vector<ObjectState> takeFromIndex(std::vector<ObjectState> present);
@@ -56,6 +61,9 @@ private:
     EKCalendarRef m_calendar;
     CollectionContents m_contents;
     bool m_isLoaded = false;
+    /// What was written and not told of yet, as the hash of its text: the revision of a file that was written a moment
+    /// ago does not last.
+    QHash<QString, QByteArray> m_written;
     /// What the index does not know yet.
     QStringList m_taken;
     QStringList m_gone;

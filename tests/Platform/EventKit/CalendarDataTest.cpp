@@ -1,42 +1,9 @@
+#include "CalendarFiles.h"
 #include "EngineFixture.h"
-
-#include <QDir>
-#include <QFile>
-
-#include <array>
-#include <string>
 
 namespace mintaro {
 
 namespace {
-
-QByteArray readAll(const QString &path)
-{
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        ADD_FAILURE() << "cannot read " << qPrintable(path);
-    return file.readAll();
-}
-
-constexpr std::array kFolders { "recurrence", "exports" };
-
-/// What a case is found by: its folder and its name.
-using Case = std::pair<std::string, std::string>;
-
-QDir folderOf(const std::string &name)
-{
-    return QDir(QStringLiteral(MINTARO_TEST_DATA "/") + QString::fromStdString(name));
-}
-
-std::vector<Case> cases()
-{
-    std::vector<Case> all;
-    for (const std::string folder : kFolders) {
-        for (const QString &file : folderOf(folder).entryList({ QStringLiteral("*.ics") }))
-            all.emplace_back(folder, QFileInfo(file).completeBaseName().toStdString());
-    }
-    return all;
-}
 
 QString line(const EKEvent &event)
 {
@@ -50,14 +17,13 @@ QString line(const EKEvent &event)
 /// Each calendar below tests/data with what the file beside it expects: the first line is the query's window, the
 /// others are start, end and title of the occurrences, seen from Rome, a whole day ending with the next midnight, then
 /// the log's lines after a "!".
-class CalendarData : public EngineFixture, public ::testing::WithParamInterface<Case>
+class CalendarData : public EngineFixture, public ::testing::WithParamInterface<CalendarFile>
 {
 };
 
 TEST_P(CalendarData, HasTheExpectedOccurrences)
 {
-    const auto &[folder, name] = GetParam();
-    const QString base = folderOf(folder).filePath(QString::fromStdString(name));
+    const QString base = GetParam().base();
     put(readAll(base + QStringLiteral(".ics")));
     QStringList expected
         = QString::fromUtf8(readAll(base + QStringLiteral(".expected"))).split(u'\n', Qt::SkipEmptyParts);
@@ -72,14 +38,13 @@ TEST_P(CalendarData, HasTheExpectedOccurrences)
     EXPECT_EQ(actual.join(u'\n').toStdString(), expected.join(u'\n').toStdString());
 }
 
-INSTANTIATE_TEST_SUITE_P(Files, CalendarData, ::testing::ValuesIn(cases()), [](const auto &row) {
-    return QString::fromStdString(row.param.first + '_' + row.param.second).replace(u'-', u'_').toStdString();
-});
+INSTANTIATE_TEST_SUITE_P(
+    Files, CalendarData, ::testing::ValuesIn(calendarFiles()), [](const auto &row) { return row.param.testName(); });
 
 // An empty folder is a failure: the suite above would have no test and pass.
 TEST(CalendarDataFolder, IsNotEmpty)
 {
-    EXPECT_FALSE(cases().empty());
+    EXPECT_FALSE(calendarFiles().empty());
 }
 
 } // namespace mintaro

@@ -227,6 +227,57 @@ TEST_F(FolderStore, FollowsTheConfiguration)
     EXPECT_TRUE(logged().first().startsWith(path(file) + u":1: "_qs));
 }
 
+TEST_F(FolderStore, ItsOwnWritingIsToldOnce)
+{
+    put(u"r/c/a.ics"_qs, eventCalled("a"));
+    put(u"r/d/b.ics"_qs, eventCalled("b"));
+    awaitSettledFiles();
+    follow(u"r"_qs);
+    const auto event = [this](const char *title) {
+        for (const EKEvent &each : database->events({ utc("2026-01-01T00:00:00Z"), utc("2027-01-01T00:00:00Z") })) {
+            if (each.title() == QLatin1String(title))
+                return each;
+        }
+        return EKEvent();
+    };
+    const struct
+    {
+        const char *what;
+        std::function<void()> act;
+        QStringList titles;
+        int reads;
+    } cases[] = {
+        { "changed",
+            [&] {
+                EKEvent changed = event("a");
+                changed.setTitle(u"new"_qs);
+                static_cast<void>(database->save(changed, EKSpan::ThisEvent));
+            },
+            { u"b"_qs, u"new"_qs }, 3 },
+        { "moved",
+            [&] {
+                EKEvent moved = event("b");
+                moved.setCalendar(event("new").calendar());
+                static_cast<void>(database->save(moved, EKSpan::ThisEvent));
+            },
+            { u"b"_qs, u"new"_qs }, 3 },
+        { "removed", [&] { database->remove(event("new"), EKSpan::ThisEvent); }, { u"b"_qs }, 1 },
+    };
+    for (const auto &row : cases) {
+        SCOPED_TRACE(row.what);
+        forget();
+        row.act();
+        EXPECT_EQ(titles(), row.titles);
+        EXPECT_EQ(posted, 1);
+        // Longer than a burst of changes lasts.
+        QTest::qWait(1'000);
+        EXPECT_EQ(posted, 1);
+        EXPECT_EQ(titles(), row.titles);
+        // For the change, for what it became, and to know it again.
+        EXPECT_LE(reads, row.reads);
+    }
+}
+
 } // namespace
 
 } // namespace mintaro
