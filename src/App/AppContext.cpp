@@ -72,7 +72,9 @@ AppContext::AppContext(const ContextOptions &options)
     , m_database(std::make_shared<CalendarDatabase>(
           std::make_unique<FoldersBackend>(BaseFolders::fromEnvironment(), options.store),
           std::make_unique<CalendarIndex>(BaseFolders::fromEnvironment().cacheHome + QLatin1String("/mintaro")),
-          m_environment, m_notifications))
+          m_environment, m_notifications, Logger(QStringLiteral("EventStore")),
+          std::make_unique<ChangeJournal>(
+              BaseFolders::fromEnvironment().stateHome + QLatin1String("/mintaro/journal"), m_systemClock)))
 {
 }
 

@@ -59,6 +59,8 @@ private:
     Environment m_environment;
     std::unique_ptr<QTranslator> m_texts;
     NotificationCenter m_notifications;
+    /// Of the journal: a moment given by option must not age what was kept.
+    SystemClock m_systemClock;
     std::shared_ptr<CalendarDatabase> m_database;
     std::optional<SystemTimeMonitor> m_timeMonitor;
 };

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Models/CountdownFormat.h"
+#include "Models/EventDraft.h"
 #include "Platform/Foundation/Logger.h"
 #include "Platform/Foundation/UserDefaults.h"
 #include "Services/EventStoreService.h"
@@ -25,6 +26,11 @@ class AppState : public QObject
 {
     Q_OBJECT
     Q_PROPERTY(bool hasCalendarAccess READ hasCalendarAccess NOTIFY hasCalendarAccessChanged)
+    Q_PROPERTY(bool isShowingDeleteConfirmation READ isShowingDeleteConfirmation WRITE setShowingDeleteConfirmation
+            NOTIFY isShowingDeleteConfirmationChanged)
+    Q_PROPERTY(
+        bool isShowingSpanPicker READ isShowingSpanPicker WRITE setShowingSpanPicker NOTIFY isShowingSpanPickerChanged)
+    Q_PROPERTY(QString errorMessage READ errorMessage WRITE setErrorMessage NOTIFY errorMessageChanged)
     Q_PROPERTY(mintaro::CalendarViewModel *calendarVM READ calendarVM CONSTANT)
     Q_PROPERTY(mintaro::SearchViewModel *searchVM READ searchVM CONSTANT)
 
@@ -37,6 +43,7 @@ public:
         UserDefaults &defaults;
         Environment &environment;
         Workspace &workspace;
+        LogSink log = writeToSystemLog;
     };
 
     /// Only builds: touches no store, asks for nothing, starts no task.
@@ -54,6 +61,16 @@ public:
     /// Empty when there is no next event.
     [[nodiscard]] const QString &countdownText() const { return m_countdownText; }
     [[nodiscard]] bool hasCalendarAccess() const { return m_hasCalendarAccess; }
+    /// The event that the user is asked about, by the confirmation or, where it repeats, by the span picker.
+    [[nodiscard]] const std::optional<CalendarEvent> &pendingDeleteEvent() const { return m_pendingDeleteEvent; }
+    void setPendingDeleteEvent(const std::optional<CalendarEvent> &event);
+    [[nodiscard]] bool isShowingDeleteConfirmation() const { return m_isShowingDeleteConfirmation; }
+    void setShowingDeleteConfirmation(bool isShowing);
+    [[nodiscard]] bool isShowingSpanPicker() const { return m_isShowingSpanPicker; }
+    void setShowingSpanPicker(bool isShowing);
+    /// Why an action of the user's failed, in words for them; empty when there is nothing to tell.
+    [[nodiscard]] const QString &errorMessage() const { return m_errorMessage; }
+    void setErrorMessage(const QString &message);
     /// The 14 days from the selected one as far as they were fetched, each with its events and dated reminders;
     /// computed at each call.
     [[nodiscard]] std::vector<DayEvents> agendaEvents() const;
@@ -98,6 +115,15 @@ public:
     /// Opens what grants access to the calendars.
     void openPrivacySettings();
 
+    /// Has the user asked, by confirmation or span picker.
+    void requestDeleteEvent(const CalendarEvent &event);
+    /// Deletes the occurrence that `event` shows, and with EKSpan::FutureEvents those after it. One that is gone is
+    /// passed over; what the store refuses becomes the error message. pendingDeleteEvent is empty afterwards.
+    QCoro::Task<> deleteEvent(CalendarEvent event, EKSpan span);
+    /// Saves what the editor has: over `ekEvent`, or where that is absent as a new event. Throws EKError, and it is the
+    /// editor that tells of it.
+    QCoro::Task<> saveEvent(std::optional<EKEvent> ekEvent, EventDraft draft, EKSpan span);
+
     // Preferences: read at each call, nothing is kept here.
 
     [[nodiscard]] bool weekStartsOnMonday() const;
@@ -130,6 +156,10 @@ Q_SIGNALS:
     void nextEventChanged();
     void countdownTextChanged();
     void hasCalendarAccessChanged();
+    void pendingDeleteEventChanged();
+    void isShowingDeleteConfirmationChanged();
+    void isShowingSpanPickerChanged();
+    void errorMessageChanged();
     /// A day began, the clock jumped or the zone changed.
     void significantTimeChange();
 
@@ -153,6 +183,10 @@ private:
     std::optional<CalendarEvent> m_nextEvent;
     QString m_countdownText;
     bool m_hasCalendarAccess = false;
+    std::optional<CalendarEvent> m_pendingDeleteEvent;
+    bool m_isShowingDeleteConfirmation = false;
+    bool m_isShowingSpanPicker = false;
+    QString m_errorMessage;
     bool m_isWatchingStoreChanges = false;
     bool m_isPopoverVisible = false;
     Logger m_logger;

@@ -2,6 +2,15 @@
 
 namespace mintaro {
 
+namespace {
+
+QString logTitle(const EKEvent &event)
+{
+    return event.title().value_or(QStringLiteral("untitled"));
+}
+
+} // namespace
+
 bool isDeclinedByCurrentUser(const EKEvent &event)
 {
     const auto &attendees = event.attendees();
@@ -9,10 +18,12 @@ bool isDeclinedByCurrentUser(const EKEvent &event)
     return self != attendees.end() && self->participantStatus == EKParticipantStatus::Declined;
 }
 
-EventStoreService::EventStoreService(EKEventStore store, MeetingURLDetector detector, NotificationCenter &notifications)
+EventStoreService::EventStoreService(
+    EKEventStore store, MeetingURLDetector detector, NotificationCenter &notifications, const LogSink &log)
     : m_store(std::move(store))
     , m_detector(detector)
     , m_notifications(notifications)
+    , m_logger(QStringLiteral("EventStore"), log)
     , m_actor(QStringLiteral("EventStore"))
 {
 }
@@ -55,6 +66,53 @@ std::vector<FetchedEvent> EventStoreService::fetch(const EKEventPredicate &predi
     }
     m_meetings.prune();
     return fetched;
+}
+
+QCoro::Task<std::optional<EKEvent>> EventStoreService::eventWithIdentifier(QString identifier, Date start)
+{
+    return m_actor.perform([this, identifier, start] { return m_store.eventWithIdentifier(identifier, start); });
+}
+
+QCoro::Task<EKEvent> EventStoreService::setCalendar(EKEvent event, std::optional<QString> calendarID)
+{
+    return m_actor.perform([this, event, calendarID]() mutable {
+        EKCalendarRef calendar = calendarID ? m_store.calendarWithIdentifier(*calendarID) : nullptr;
+        if (!calendar)
+            calendar = m_store.defaultCalendarForNewEvents();
+        if (calendar)
+            event.setCalendar(calendar);
+        return event;
+    });
+}
+
+QCoro::Task<EKCalendarRef> EventStoreService::defaultCalendarForNewEvents()
+{
+    return m_actor.perform([this] { return m_store.defaultCalendarForNewEvents(); });
+}
+
+QCoro::Task<std::vector<EKCalendarRef>> EventStoreService::writableCalendars()
+{
+    return m_actor.perform([this] {
+        auto calendars = m_store.calendarsForEntityType(EKEntityType::Event);
+        std::erase_if(calendars, [](const EKCalendarRef &calendar) { return !calendar->allowsContentModifications; });
+        return calendars;
+    });
+}
+
+QCoro::Task<> EventStoreService::save(EKEvent event, EKSpan span)
+{
+    return m_actor.perform([this, event, span] {
+        static_cast<void>(m_store.save(event, span));
+        m_logger.info(QStringLiteral("Event saved: %1").arg(logTitle(event)));
+    });
+}
+
+QCoro::Task<> EventStoreService::deleteEvent(EKEvent event, EKSpan span)
+{
+    return m_actor.perform([this, event, span] {
+        m_store.remove(event, span);
+        m_logger.info(QStringLiteral("Event deleted: %1").arg(logTitle(event)));
+    });
 }
 
 AsyncStream<std::monostate> EventStoreService::storeChanges()

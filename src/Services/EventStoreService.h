@@ -4,6 +4,7 @@
 #include "Platform/EventKit/EKEventStore.h"
 #include "Platform/Foundation/Actor.h"
 #include "Platform/Foundation/AsyncStream.h"
+#include "Platform/Foundation/Logger.h"
 #include "Platform/Foundation/NotificationCenter.h"
 #include "Services/MeetingURLDetector.h"
 #include "Services/RevisionCache.h"
@@ -30,7 +31,8 @@ class EventStoreService
 {
 public:
     /// `notifications` must outlive the object.
-    EventStoreService(EKEventStore store, MeetingURLDetector detector, NotificationCenter &notifications);
+    EventStoreService(EKEventStore store, MeetingURLDetector detector, NotificationCenter &notifications,
+        const LogSink &log = writeToSystemLog);
     ~EventStoreService();
 
     /// True when granted; throws EKError as the store reports it.
@@ -42,6 +44,18 @@ public:
     /// What fetchEvents gives for every calendar, as far as title, location or notes contain `text`, whatever the case
     /// by the rules of the user's language.
     [[nodiscard]] QCoro::Task<std::vector<FetchedEvent>> searchEvents(QString text, Date from, Date to);
+    /// The occurrence that begins at `start`, as EKEventStore finds it; empty where there is none by now.
+    [[nodiscard]] QCoro::Task<std::optional<EKEvent>> eventWithIdentifier(QString identifier, Date start);
+    /// The event in the calendar of that identifier; where none is named or known in the default one, and where there
+    /// is none either in its own.
+    [[nodiscard]] QCoro::Task<EKEvent> setCalendar(EKEvent event, std::optional<QString> calendarID);
+    /// Null where none can be changed.
+    [[nodiscard]] QCoro::Task<EKCalendarRef> defaultCalendarForNewEvents();
+    /// The calendars whose events can be changed, in the store's order.
+    [[nodiscard]] QCoro::Task<std::vector<EKCalendarRef>> writableCalendars();
+    /// Both throw EKError as the store reports it, and leave it to the caller to tell of it.
+    [[nodiscard]] QCoro::Task<> save(EKEvent event, EKSpan span);
+    [[nodiscard]] QCoro::Task<> deleteEvent(EKEvent event, EKSpan span);
     /// One element for each change of the store. For the main thread. The stream ends with the service.
     [[nodiscard]] AsyncStream<std::monostate> storeChanges();
 
@@ -51,6 +65,7 @@ private:
     EKEventStore m_store;
     MeetingURLDetector m_detector;
     NotificationCenter &m_notifications;
+    const Logger m_logger;
     RevisionCache<EventItem, std::optional<MeetingInfo>> m_meetings;
     std::vector<AsyncStream<std::monostate>::Continuation> m_streams;
     /// Last, so that it stops before what its thread works on goes.

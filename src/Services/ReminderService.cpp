@@ -1,9 +1,22 @@
 #include "Services/ReminderService.h"
 
+#include "Platform/EventKit/StoreBackend.h"
+
 namespace mintaro {
 
-ReminderService::ReminderService(EKEventStore store)
+namespace {
+
+QString logTitle(const EKReminder &reminder)
+{
+    return reminder.title().isEmpty() ? QStringLiteral("untitled") : reminder.title();
+}
+
+} // namespace
+
+ReminderService::ReminderService(EKEventStore store, const Clock &clock, const LogSink &log)
     : m_store(std::move(store))
+    , m_clock(clock)
+    , m_logger(QStringLiteral("Reminders"), log)
     , m_actor(QStringLiteral("Reminders"))
 {
 }
@@ -33,6 +46,45 @@ std::vector<FetchedReminder> ReminderService::fetch(const EKReminderPredicate &p
     }
     m_links.prune();
     return fetched;
+}
+
+QCoro::Task<> ReminderService::toggleCompletion(QString id)
+{
+    return m_actor.perform([this, id] {
+        auto reminder = find(id);
+        if (!reminder)
+            return;
+        reminder->setCompleted(!reminder->isCompleted());
+        reminder->setCompletionDate(reminder->isCompleted() ? std::optional(m_clock.now()) : std::nullopt);
+        try {
+            m_store.save(*reminder);
+            m_logger.info(QStringLiteral("Reminder toggled: %1").arg(logTitle(*reminder)));
+        } catch (const EKError &error) {
+            m_logger.error(QStringLiteral("Failed to toggle reminder: %1").arg(QString::fromUtf8(error.what())));
+        }
+    });
+}
+
+QCoro::Task<> ReminderService::deleteReminder(QString id)
+{
+    return m_actor.perform([this, id] {
+        const auto reminder = find(id);
+        if (!reminder)
+            return;
+        try {
+            m_store.remove(*reminder);
+            m_logger.info(QStringLiteral("Reminder deleted: %1").arg(logTitle(*reminder)));
+        } catch (const EKError &error) {
+            m_logger.error(QStringLiteral("Failed to delete reminder: %1").arg(QString::fromUtf8(error.what())));
+        }
+    });
+}
+
+std::optional<EKReminder> ReminderService::find(const QString &id)
+{
+    const auto all = m_store.fetchRemindersMatchingPredicate(EKEventStore::predicateForReminders(std::nullopt));
+    const auto found = std::ranges::find(all, id, &EKReminder::calendarItemIdentifier);
+    return found == all.end() ? std::nullopt : std::optional(*found);
 }
 
 std::optional<URL> ReminderService::link(const EKReminder &reminder) const

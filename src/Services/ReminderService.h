@@ -2,7 +2,9 @@
 
 #include "Platform/EventKit/EKEventStore.h"
 #include "Platform/Foundation/Actor.h"
+#include "Platform/Foundation/Clock.h"
 #include "Platform/Foundation/LinkDetector.h"
+#include "Platform/Foundation/Logger.h"
 #include "Services/RevisionCache.h"
 
 #include <QCoroTask>
@@ -21,7 +23,8 @@ struct FetchedReminder
 class ReminderService
 {
 public:
-    explicit ReminderService(EKEventStore store);
+    /// `clock` must outlive the object.
+    ReminderService(EKEventStore store, const Clock &clock, const LogSink &log = writeToSystemLog);
 
     /// True when granted; throws EKError as the store reports it.
     [[nodiscard]] QCoro::Task<bool> requestAccess();
@@ -30,12 +33,19 @@ public:
     /// Every reminder of the lists, done or not, dated or not. `lists`: absent for every one.
     [[nodiscard]] QCoro::Task<std::vector<FetchedReminder>> fetchReminders(
         std::optional<std::vector<EKCalendarRef>> lists);
+    /// `id`: a calendarItemIdentifier. Both do nothing where there is no such reminder by now; what the store refuses
+    /// costs a line in the log.
+    [[nodiscard]] QCoro::Task<> toggleCompletion(QString id);
+    [[nodiscard]] QCoro::Task<> deleteReminder(QString id);
 
 private:
     [[nodiscard]] std::vector<FetchedReminder> fetch(const EKReminderPredicate &predicate);
+    [[nodiscard]] std::optional<EKReminder> find(const QString &id);
     [[nodiscard]] std::optional<URL> link(const EKReminder &reminder) const;
 
     EKEventStore m_store;
+    const Clock &m_clock;
+    const Logger m_logger;
     LinkDetector m_linkDetector;
     RevisionCache<ReminderRecord, std::optional<URL>> m_links;
     /// Last, so that it stops before what its thread works on goes.

@@ -6,6 +6,7 @@
 #include "support/MemoryBackend.h"
 #include "support/Printers.h"
 
+#include <QMutex>
 #include <QTemporaryDir>
 
 namespace mintaro {
@@ -44,6 +45,19 @@ public:
     [[nodiscard]] QCoro::Task<bool> hasHandler(QString scheme) override { co_return schemes.contains(scheme); }
 };
 
+/// What the store refuses a task with; empty where it does not. (QCoro::waitFor never comes back from a task that
+/// throws.)
+inline QCoro::Task<QString> refusal(QCoro::Task<> task)
+{
+    QString text;
+    try {
+        co_await task;
+    } catch (const EKError &error) {
+        text = QString::fromUtf8(error.what());
+    }
+    co_return text;
+}
+
 /// Everything that AppState stands upon, real but for the clock, the workspace and where the objects come from.
 struct World
 {
@@ -77,7 +91,7 @@ struct World
     {
         if (!m_state)
             m_state = std::make_unique<AppState>(
-                AppState::Dependencies { database, notifications, defaults, environment, workspace });
+                AppState::Dependencies { database, notifications, defaults, environment, workspace, log });
         return *m_state;
     }
 
@@ -89,6 +103,19 @@ struct World
 
     void destroyState() { m_state.reset(); }
 
+    /// The lines of services and state since the last call, as in "error AppState: what was wrong".
+    QStringList takeLog()
+    {
+        const QMutexLocker lock(&m_logMutex);
+        return std::exchange(m_log, {});
+    }
+
+    LogSink log = [this](const LogMessage &message) {
+        const QMutexLocker lock(&m_logMutex);
+        const char *const level = message.level == LogLevel::Error ? "error" : "info";
+        if (message.level != LogLevel::Debug)
+            m_log.append(QStringLiteral("%1 %2: %3").arg(QLatin1String(level), message.category, message.text));
+    };
     QTemporaryDir folder;
     FakeClock clock;
     Environment environment;
@@ -107,6 +134,8 @@ private:
         backend->put(QLatin1String(calendar), QLatin1String(uid) + QStringLiteral(".ics"), text);
     }
 
+    QMutex m_logMutex;
+    QStringList m_log;
     std::unique_ptr<AppState> m_state;
 };
 
