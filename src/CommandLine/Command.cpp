@@ -1,9 +1,11 @@
 #include "CommandLine/Command.h"
 
+#include "CommandLine/AddCommand.h"
 #include "CommandLine/AgendaCommand.h"
 #include "CommandLine/LinksCommand.h"
 #include "CommandLine/NextCommand.h"
 #include "CommandLine/OccurrencesCommand.h"
+#include "CommandLine/RestoreCommand.h"
 #include "CommandLine/SearchCommand.h"
 #include "CommandLine/StatusCommand.h"
 #include "Platform/AppKit/DesktopWorkspace.h"
@@ -24,6 +26,8 @@ std::vector<std::unique_ptr<Command>> allCommands()
     commands.push_back(std::make_unique<StatusCommand>());
     commands.push_back(std::make_unique<OccurrencesCommand>());
     commands.push_back(std::make_unique<SearchCommand>());
+    commands.push_back(std::make_unique<AddCommand>());
+    commands.push_back(std::make_unique<RestoreCommand>());
     commands.push_back(std::make_unique<LinksCommand>());
     return commands;
 }
@@ -52,18 +56,20 @@ LoadedState::LoadedState(const QCommandLineParser &arguments)
 
 LoadedState::~LoadedState() = default;
 
+QString isoMoment(Date date, const TimeZone &timeZone)
+{
+    const auto offset = timeZone.secondsFromGMT(std::chrono::floor<std::chrono::seconds>(date));
+    return QDateTime::fromMSecsSinceEpoch(
+        date.time_since_epoch().count(), Qt::OffsetFromUTC, static_cast<int>(offset.count()))
+        .toString(Qt::ISODate);
+}
+
 QJsonObject toJson(const CalendarEvent &event, const TimeZone &timeZone)
 {
-    const auto iso = [&](Date date) {
-        const auto offset = timeZone.secondsFromGMT(std::chrono::floor<std::chrono::seconds>(date));
-        return QDateTime::fromMSecsSinceEpoch(
-            date.time_since_epoch().count(), Qt::OffsetFromUTC, static_cast<int>(offset.count()))
-            .toString(Qt::ISODate);
-    };
     QJsonObject object { { QStringLiteral("id"), event.id }, { QStringLiteral("title"), event.title },
-        { QStringLiteral("start"), iso(event.startDate) }, { QStringLiteral("end"), iso(event.endDate) },
-        { QStringLiteral("allDay"), event.isAllDay }, { QStringLiteral("calendar"), event.calendarTitle },
-        { QStringLiteral("color"), event.calendarColor.hex() } };
+        { QStringLiteral("start"), isoMoment(event.startDate, timeZone) },
+        { QStringLiteral("end"), isoMoment(event.endDate, timeZone) }, { QStringLiteral("allDay"), event.isAllDay },
+        { QStringLiteral("calendar"), event.calendarTitle }, { QStringLiteral("color"), event.calendarColor.hex() } };
     if (event.isReminder) {
         object.insert(QStringLiteral("reminder"), true);
         object.insert(QStringLiteral("completed"), event.isCompleted);

@@ -30,6 +30,8 @@ public:
 
     [[nodiscard]] virtual QString name() const = 0;
     [[nodiscard]] virtual QString summary() const = 0;
+    /// For --help: what the summary leaves open, with examples.
+    [[nodiscard]] virtual QString details() const { return {}; }
     virtual void addOptions(QCommandLineParser &) const { }
     /// Prints the answer to standard output and gives the exit status. Throws CommandError.
     [[nodiscard]] virtual int run(const QCommandLineParser &arguments) = 0;
@@ -60,6 +62,8 @@ private:
     std::unique_ptr<AppState> m_appState;
 };
 
+/// Local ISO 8601 with offset.
+[[nodiscard]] QString isoMoment(Date date, const TimeZone &timeZone);
 /// A record as programs get it: title, start, end (local ISO 8601 with offset), allDay, calendar, location, meeting,
 /// ...
 [[nodiscard]] QJsonObject toJson(const CalendarEvent &event, const TimeZone &timeZone);

@@ -56,6 +56,8 @@ int main(int argc, char **argv)
     mintaro::Command *const command = commandIn(parser, commands);
     if (command) {
         parser.addPositionalArgument(command->name(), command->summary(), command->name());
+        if (!command->details().isEmpty())
+            parser.setApplicationDescription(command->details());
         command->addOptions(parser);
     } else {
         addCommandList(parser, commands);

@@ -2,11 +2,13 @@
 
 #include <gmock/gmock.h>
 
+#include <QDateTime>
 #include <QDir>
 #include <QFile>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QProcess>
+#include <QRegularExpression>
 #include <QTemporaryDir>
 
 namespace mintaro {
@@ -37,6 +39,7 @@ protected:
         environment.insert(u"HOME"_qs, path(u"home"_qs));
         environment.insert(u"XDG_CONFIG_HOME"_qs, path(u"sample/config"_qs));
         environment.insert(u"XDG_DATA_HOME"_qs, path(u"data"_qs));
+        environment.insert(u"XDG_STATE_HOME"_qs, path(u"state"_qs));
         process.setProcessEnvironment(environment);
         process.start(program, arguments);
         process.write(input);
@@ -229,6 +232,116 @@ TEST_F(SearchTest, LeavesOutWhatTheUserDeclined)
     EXPECT_TRUE(ask(then({ u"occurrences"_qs }) + day).output.contains(u"\tVendor demo"_qs));
     EXPECT_EQ(ask(then({ u"search"_qs, u"vendor demo"_qs }) + day).output, QString());
     EXPECT_NE(ask(then({ u"search"_qs, u"design review"_qs }) + day).output, QString());
+}
+
+class AddTest : public CommandLineTest
+{
+protected:
+    void SetUp() override
+    {
+        for (const QString &name : { u"Work"_qs, u"Home"_qs })
+            put(u"store/"_qs + name + u"/displayname"_qs, name.toUtf8());
+    }
+
+    void put(const QString &relative, const QByteArray &bytes) const
+    {
+        ASSERT_TRUE(QDir().mkpath(QFileInfo(path(relative)).path()));
+        QFile file(path(relative));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(bytes);
+    }
+
+    Answer in(const QStringList &arguments) const
+    {
+        return ask(then(QStringList { u"--store"_qs, path(u"store"_qs) } + arguments));
+    }
+
+    QString listed() const
+    {
+        return in({ u"occurrences"_qs, u"--from"_qs, u"2026-11-01"_qs, u"--to"_qs, u"2027-02-01"_qs, u"--tsv"_qs })
+            .output.remove(QRegularExpression(u"^[^\t]*\t"_qs, QRegularExpression::MultilineOption));
+    }
+};
+
+TEST_F(AddTest, PutsAnEventIntoACalendarAndSaysWhich)
+{
+    const struct
+    {
+        QStringList options;
+        QString answer;
+        QString occurrence;
+    } cases[] = {
+        { { u"--start"_qs, u"2026-11-26T15:00"_qs }, u"A  Thu, 26 Nov 2026 15:00 - 16:00  (Home)\n"_qs,
+            u"20261126T140000Z\t20261126T150000Z\tA\n"_qs },
+        { { u"--start"_qs, u"2026-11-26T15:00Z"_qs, u"--duration"_qs, u"1h30m"_qs, u"--calendar"_qs, u"work"_qs },
+            u"A  Thu, 26 Nov 2026 16:00 - 17:30  (Work)\n"_qs, u"20261126T150000Z\t20261126T163000Z\tA\n"_qs },
+        { { u"--start"_qs, u"2026-12-24"_qs, u"--end"_qs, u"2026-12-26"_qs },
+            u"A  Thu, 24 Dec 2026 - Sat, 26 Dec 2026  (Home)\n"_qs, u"20261224\t20261227\tA\n"_qs },
+        { { u"--start"_qs, u"2026-12-24 23:00"_qs, u"--end"_qs, u"2026-12-25 01:00"_qs },
+            u"A  Thu, 24 Dec 2026 23:00 - Fri, 25 Dec 2026 01:00  (Home)\n"_qs,
+            u"20261224T220000Z\t20261225T000000Z\tA\n"_qs },
+        { { u"--start"_qs, u"2026-11-26"_qs, u"--repeat"_qs, u"FREQ=WEEKLY;COUNT=2"_qs },
+            u"A  Thu, 26 Nov 2026  (Home)\n"_qs, u"20261126\t20261127\tA\n20261203\t20261204\tA\n"_qs },
+    };
+    for (const auto &each : cases) {
+        SCOPED_TRACE(each.options.join(u' ').toStdString());
+        QDir(path(u"store"_qs)).removeRecursively();
+        SetUp();
+        const Answer answer = in(QStringList { u"add"_qs, u"--title"_qs, u"A"_qs } + each.options);
+        EXPECT_EQ(answer.status, 0) << answer.complaint.toStdString();
+        EXPECT_EQ(answer.output, each.answer);
+        EXPECT_EQ(listed(), each.occurrence);
+    }
+}
+
+TEST_F(AddTest, SaysWhatIsWrongAndAddsNothing)
+{
+    const struct
+    {
+        QStringList options;
+        const char *complaint;
+    } cases[] = {
+        { { u"--start"_qs, u"2026-11-26"_qs }, "--title" },
+        { { u"--title"_qs, u"A"_qs }, "--start" },
+        { { u"--title"_qs, u"A"_qs, u"--start"_qs, u"noon"_qs }, "a moment is needed" },
+        { { u"--title"_qs, u"A"_qs, u"--start"_qs, u"2026-11-26T10:00"_qs, u"--end"_qs, u"2026-11-26T09:00"_qs },
+            "end before it starts" },
+        { { u"--title"_qs, u"A"_qs, u"--start"_qs, u"2026-11-26"_qs, u"--calendar"_qs, u"Gym"_qs }, "Work" },
+        { { u"--title"_qs, u"A"_qs, u"--start"_qs, u"2026-11-26"_qs, u"--repeat"_qs, u"often"_qs },
+            "a rule is needed" },
+        { { u"--title"_qs, u"A"_qs, u"--start"_qs, u"2026-11-26"_qs, u"--alert"_qs, u"soon"_qs }, "minutes before" },
+        { { u"lunch"_qs, u"tomorrow"_qs }, "lunch tomorrow" },
+    };
+    for (const auto &each : cases) {
+        const Answer answer = in(QStringList { u"add"_qs } + each.options);
+        EXPECT_EQ(answer.status, 2);
+        EXPECT_THAT(answer.complaint.toStdString(), testing::HasSubstr(each.complaint));
+        EXPECT_EQ(answer.output, QString());
+    }
+    EXPECT_EQ(listed(), QString());
+}
+
+TEST_F(AddTest, RestoreListsWhatIsKeptAndBringsItBack)
+{
+    EXPECT_THAT(in({ u"restore"_qs }).output.toStdString(), testing::HasSubstr("Nothing was changed"));
+    const QByteArray text
+        = "BEGIN:VCALENDAR\nVERSION:2.0\nBEGIN:VEVENT\nUID:a\nDTSTART:20261126T090000Z\nSUMMARY:Dentist\n"
+          "END:VEVENT\nEND:VCALENDAR\n";
+    const QString id = QDateTime::currentDateTimeUtc().toString(u"yyyyMMdd'T'HHmmss.zzz'Z-0000'"_qs);
+    put(u"state/mintaro/journal/"_qs + id + u".ics"_qs, text);
+    put(u"state/mintaro/journal/"_qs + id + u".origin"_qs,
+        "collection=" + QFileInfo(path(u"store/Work"_qs)).canonicalFilePath().toUtf8()
+            + "\nname=a.ics\nreason=deleted\n");
+    const QString row = in({ u"restore"_qs }).output;
+    for (const char *part : { "deleted", "Work", "Dentist", "Thu, 26 Nov 2026 10:00" })
+        EXPECT_THAT(row.toStdString(), testing::HasSubstr(part));
+    EXPECT_EQ(in({ u"restore"_qs, u"--json"_qs }).object().value(u"id"_qs).toString(), id);
+    EXPECT_EQ(in({ u"restore"_qs, u"--show"_qs, id }).output.toUtf8(), text);
+    EXPECT_EQ(listed(), QString());
+    EXPECT_THAT(in({ u"restore"_qs, id.left(12) }).output.toStdString(), testing::HasSubstr("Brought back: Dentist"));
+    EXPECT_EQ(listed(), u"20261126T090000Z\t20261126T090000Z\tDentist\n"_qs);
+    EXPECT_THAT(in({ u"restore"_qs, id }).output.toStdString(), testing::HasSubstr("Already there"));
+    EXPECT_EQ(in({ u"restore"_qs, u"1999"_qs }).status, 2);
 }
 
 TEST_F(CommandLineTest, LinksAnswersLineByLine)

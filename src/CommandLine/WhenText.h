@@ -1,0 +1,26 @@
+#pragma once
+
+#include "Models/CalendarEvent.h"
+#include "Platform/Foundation/DateFormatter.h"
+#include "Platform/Foundation/Environment.h"
+
+namespace mintaro {
+
+/// Says when something is, for people: days in the words of the locale, times on a 24-hour clock.
+class WhenText
+{
+public:
+    explicit WhenText(const Environment &environment);
+
+    [[nodiscard]] QString day(Date date) const;
+    /// "Tue, 24 Nov 2026 15:00".
+    [[nodiscard]] QString moment(Date date) const;
+    /// "Tue, 24 Nov 2026 15:00 - 16:00", and of whole days the days alone.
+    [[nodiscard]] QString range(const CalendarEvent &event) const;
+
+private:
+    Calendar m_calendar;
+    DateFormatter m_format;
+};
+
+} // namespace mintaro
