@@ -13,6 +13,7 @@ import time
 AT_FDCWD = -100
 RENAME_EXCHANGE = 2
 COUNTER = re.compile(r"(title|location|other) (\d+)")
+# How often somebody wrote between the reading and the swap.
 late = 0
 libc = ctypes.CDLL(None, use_errno=True)
 
