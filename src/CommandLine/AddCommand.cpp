@@ -149,7 +149,7 @@ std::vector<EKAlarm> parseAlarms(const QCommandLineParser &arguments)
 
 EKEvent parseEvent(const QCommandLineParser &arguments, const Calendar &calendar)
 {
-    const QString title = arguments.value(QStringLiteral("title")).trimmed();
+    const QString title = arguments.value(QStringLiteral("title")).simplified();
     if (title.isEmpty())
         throw wrong("title", QStringLiteral("what is the event called?"));
     const Times times = parseTimes(arguments, calendar);
@@ -171,18 +171,21 @@ EKEvent parseEvent(const QCommandLineParser &arguments, const Calendar &calendar
 
 QString AddCommand::summary() const
 {
-    return QStringLiteral("an event into a calendar");
+    return QStringLiteral("adds an event");
 }
 
 QString AddCommand::details() const
 {
-    return QStringLiteral(
-        "Adds an event and says what was added. A moment is ISO 8601: 2026-11-24T15:00 or \"2026-11-24 15:00\" on the "
-        "clocks of the time zone, or with an offset or Z. A day alone, as in 2026-11-24, makes an event of whole days, "
-        "of which --end is the last one. Without --end and --duration an event lasts an hour, or that day.\n\n"
-        "  mintaroctl add --title Lunch --start \"2026-11-24 12:30\" --duration 45 --location Ostia\n"
-        "  mintaroctl add --title Holiday --start 2026-12-24 --end 2026-12-27 --calendar Home\n"
-        "  mintaroctl add --title Choir --start 2026-11-25T19:00 --repeat FREQ=WEEKLY --alert 30");
+    return QStringLiteral("Adds an event and prints it. A moment is ISO 8601: 2026-11-24T15:00 or\n"
+                          "\"2026-11-24 15:00\" on the clocks of the time zone, or with an offset or Z.\n"
+                          "A day alone, as in 2026-11-24, makes an event of whole days, of which --end\n"
+                          "is the last one. Without --end and --duration an event lasts an hour, or that\n"
+                          "day.\n\n"
+                          "  mintaroctl add --title Lunch --start \"2026-11-24 12:30\" --duration 45\n"
+                          "  mintaroctl add --title Holiday --start 2026-12-24 --end 2026-12-27 \\\n"
+                          "      --calendar Home\n"
+                          "  mintaroctl add --title Choir --start 2026-11-25T19:00 \\\n"
+                          "      --repeat FREQ=WEEKLY --alert 30");
 }
 
 void AddCommand::addOptions(QCommandLineParser &parser) const

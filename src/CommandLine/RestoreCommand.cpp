@@ -120,20 +120,19 @@ bool printText(const QByteArray &text)
 
 QString RestoreCommand::summary() const
 {
-    return QStringLiteral("what was changed or deleted, and brings it back");
+    return QStringLiteral("brings back what was changed or deleted");
 }
 
 QString RestoreCommand::details() const
 {
-    return QStringLiteral(
-        "Mintaro keeps what its changes overwrite and delete for 30 days, as .ics files below "
-        "~/.local/state/mintaro/journal. Without an id this lists it, the latest first; with one, or with as much of "
-        "its "
-        "beginning as no other has, it brings that back as it was. What stands there by now is kept in turn, so that "
-        "bringing back can be undone.\n\n"
-        "  mintaroctl restore\n"
-        "  mintaroctl restore --show 20261124T150000.123Z-0000\n"
-        "  mintaroctl restore 20261124T150000");
+    return QStringLiteral("Mintaro keeps what its own changes overwrite and delete for 30 days, as .ics\n"
+                          "files in ~/.local/state/mintaro/journal. Without an id this lists it, the\n"
+                          "latest first. With one, or as much of its beginning as no other has, it brings\n"
+                          "that back as it was. What stands in its place by now is kept in turn, so that\n"
+                          "bringing back can be undone.\n\n"
+                          "  mintaroctl restore\n"
+                          "  mintaroctl restore --show 20261124T150000.123Z-0000\n"
+                          "  mintaroctl restore 20261124T150000");
 }
 
 void RestoreCommand::addOptions(QCommandLineParser &parser) const

@@ -76,6 +76,7 @@ private:
     void takeWritten(const Task &task, const StoreEdit &edit, const QString &createdName);
     [[nodiscard]] StoredCollection &writable(const EKCalendarRef &calendar);
     [[nodiscard]] EditContext editContext(const StoredCollection &collection) const;
+    [[nodiscard]] ChangeJournal::Place presentPlace(const ChangeJournal::Place &place, const QByteArray &text);
     [[nodiscard]] bool putBack(const ChangeJournal::Place &place, const std::optional<QByteArray> &text);
     [[nodiscard]] QString saveNew(const EKEvent &event);
     [[nodiscard]] QString saveChanged(const EKEvent &event, EKSpan span);

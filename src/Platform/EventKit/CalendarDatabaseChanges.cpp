@@ -1,5 +1,6 @@
 #include "Platform/EventKit/CalendarDatabase.h"
 
+#include "Platform/EventKit/ICalendarReader.h"
 #include "Platform/EventKit/Writing/ReminderEditor.h"
 
 #include <QUuid>
@@ -238,13 +239,28 @@ bool CalendarDatabase::restore(const QString &id)
         const auto text = m_journal ? m_journal->text(id) : std::nullopt;
         if (entry == entries.end() || !text)
             throw EKError("There is no such entry in the journal.");
-        isDone = putBack(entry->place, *text);
+        isDone = putBack(presentPlace(entry->place, *text), *text);
         if (isDone && entry->created)
             static_cast<void>(putBack(*entry->created, std::nullopt));
     }
     if (isDone)
         m_notifications.post(QLatin1String(kEKEventStoreChangedNotification));
     return isDone;
+}
+
+/// Where the object of a text is by now, which another program may have given another name.
+ChangeJournal::Place CalendarDatabase::presentPlace(const ChangeJournal::Place &place, const QByteArray &text)
+{
+    StoredCollection *collection = find(place.collection);
+    if (!collection || collection->contents().object(place.name))
+        return place;
+    const CalendarObject object = readCalendarObject(text, {}, place.name);
+    QStringList names;
+    if (!object.details.items.empty())
+        names = collection->contents().objectsOfEvent({ object.details.items.front()->uid, {} });
+    else if (!object.details.reminders.empty())
+        names = collection->contents().objectsOfReminder({ object.details.reminders.front()->uid, {} });
+    return names.isEmpty() ? place : ChangeJournal::Place { place.collection, names.front() };
 }
 
 /// Makes an object hold this text, or without one removes it. False where it is so already.

@@ -217,9 +217,14 @@ TEST_F(StoreWritingTest, SaysWhyItDoesNotSave)
     EKEvent timeless;
     timeless.setCalendar(calendar("work"));
     EXPECT_THAT(problemOfSaving(timeless), HasSubstr("no start"));
-    EKEvent senseless = event;
-    senseless.setRecurrenceRules({ { "FREQ=SOMETIMES" } });
-    EXPECT_THAT(problemOfSaving(senseless), HasSubstr("makes no sense"));
+    for (const char *rule : { "FREQ=SOMETIMES", "FREQ=DAILY;X=1\nATTENDEE:mailto:x" }) {
+        EKEvent senseless = event;
+        senseless.setRecurrenceRules({ { rule } });
+        EXPECT_THAT(problemOfSaving(senseless), HasSubstr("makes no sense"));
+    }
+    EKEvent endless = event;
+    endless.setEndDate(utc("99991231T235900Z"));
+    EXPECT_THAT(problemOfSaving(endless), HasSubstr("too far"));
     EXPECT_EQ(text(), calendarOf(kEvent).toStdString());
 }
 
@@ -482,6 +487,20 @@ TEST_F(RestoringTest, BringsBackWhatAChangeTookAndTakesAwayWhatItMade)
     }
     EXPECT_THAT(
         problemOf([&] { static_cast<void>(database->restore(QStringLiteral("x"))); }), HasSubstr("no such entry"));
+}
+
+TEST_F(RestoringTest, FollowsAnObjectToItsNewName)
+{
+    put(calendarOf(kEvent));
+    static_cast<void>(database->save(titled(at("20260302T090000Z"), "New"), kThis));
+    put(backend->contents[QStringLiteral("work")][QStringLiteral("a.ics")].text, QStringLiteral("b.ics"));
+    backend->contents[QStringLiteral("work")].erase(QStringLiteral("a.ics"));
+    database->follow();
+    StoreChanges changes;
+    changes.objects[QStringLiteral("work")] = {};
+    backend->tell(changes);
+    EXPECT_TRUE(database->restore(database->journal().back().id));
+    EXPECT_THAT(shown(), ElementsAre("0302T09 work Old"));
 }
 
 TEST_F(StoreWritingTest, FindsAnEventByItsIdentifierAndStart)

@@ -8,6 +8,15 @@ using namespace std::chrono;
 
 namespace {
 
+/// What can be written as a DATE (RFC 5545 3.3.4), and read in any zone.
+void requireYears(const ShownTimes &shown)
+{
+    constexpr sys_days first { year { 1 } / 1 / 3 };
+    constexpr sys_days last { year { 9999 } / 12 / 29 };
+    if (shown.start < first || shown.end > last)
+        throw EKError("The event lies too far from the present.");
+}
+
 bool canSay(const TimeStyle &style, Date moment, const TimeZone &viewer)
 {
     const sys_seconds instant = floor<seconds>(moment);
@@ -28,6 +37,7 @@ WrittenTimes writtenTimes(const ShownTimes &shown, const TimeStyle &style, const
 {
     if (shown.end < shown.start)
         throw EKError("The event ends before it starts.");
+    requireYears(shown);
     if (isAlone && !(canSay(style, shown.start, viewer) && canSay(style, shown.end, viewer)))
         return writtenTimes(shown, TimeStyle::inZone(TimeZone()), viewer, false);
     const sys_seconds start = floor<seconds>(shown.start);

@@ -295,7 +295,9 @@ void writeRules(
     for (const EKRecurrenceRule &each : rules) {
         QByteArray text = each.rule;
         const auto rule = RecurrenceRule::parse(text);
-        if (!rule)
+        const auto isControl = [](char byte) { return static_cast<unsigned char>(byte) < ' '; };
+        // A line break in it would begin another property.
+        if (!rule || std::any_of(text.begin(), text.end(), isControl))
             throw EKError("The rule for the repetition makes no sense.");
         if (rule->until) {
             const TimeZone &zone = start.isZoned() ? start.zone : viewer;
