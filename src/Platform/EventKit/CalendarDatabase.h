@@ -63,16 +63,20 @@ private:
     [[nodiscard]] std::vector<std::size_t> wanted(const std::optional<std::vector<QString>> &identifiers) const;
     [[nodiscard]] std::vector<std::vector<bool>> matchingItems(
         const std::vector<std::size_t> &places, const std::optional<QString> &text);
+    using Objects = std::function<QStringList(const CollectionContents &contents)>;
     /// Where an event or reminder is, and what is to be done there.
     struct Task
     {
         StoredCollection *source;
         /// Where what is new comes to.
         StoredCollection *target;
-        std::function<QStringList(const CollectionContents &contents)> objects;
+        Objects objects;
         std::function<StoreEdit(std::vector<ObjectText> objects)> work;
     };
     [[nodiscard]] StoreEdit carryOut(const Task &task);
+    /// Holds m_mutex itself, as storeChanged does.
+    void changeInPlace(const EKCalendarRef &calendar, const Objects &objects,
+        const std::function<StoreEdit(std::vector<ObjectText>, const EditContext &)> &work);
     void takeWritten(const Task &task, const StoreEdit &edit, const QString &createdName);
     [[nodiscard]] StoredCollection &writable(const EKCalendarRef &calendar);
     [[nodiscard]] EditContext editContext(const StoredCollection &collection) const;

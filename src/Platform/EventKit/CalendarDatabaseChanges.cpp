@@ -166,53 +166,52 @@ QString CalendarDatabase::saveChanged(const EKEvent &event, EKSpan span)
     return target.info().identifier + u'/' + edit.uid + (isSame ? name.suffix : QString());
 }
 
-void CalendarDatabase::remove(const EKEvent &event, EKSpan span)
+/// Changes what stays in its calendar, and tells of it.
+void CalendarDatabase::changeInPlace(const EKCalendarRef &calendar, const Objects &objects,
+    const std::function<StoreEdit(std::vector<ObjectText>, const EditContext &)> &work)
 {
     {
         const QMutexLocker lock(&m_mutex);
         applyChanges();
-        StoredCollection &source = writable(event.storedCalendar());
-        const CollectionContents::ItemName name = nameOf(event);
-        static_cast<void>(carryOut({ &source, &source,
-            [&](const CollectionContents &contents) { return contents.objectsOfEvent(name); },
-            [&](std::vector<ObjectText> objects) {
-                return EventEditor(std::move(objects), name.uid, editContext(source)).remove(referenceTo(event), span);
-            } }));
+        StoredCollection &source = writable(calendar);
+        const EditContext context = editContext(source);
+        static_cast<void>(carryOut({ &source, &source, objects,
+            [&](std::vector<ObjectText> present) { return work(std::move(present), context); } }));
     }
     m_notifications.post(QLatin1String(kEKEventStoreChangedNotification));
+}
+
+void CalendarDatabase::remove(const EKEvent &event, EKSpan span)
+{
+    const CollectionContents::ItemName name = nameOf(event);
+    changeInPlace(
+        event.storedCalendar(), [&](const CollectionContents &contents) { return contents.objectsOfEvent(name); },
+        [&](std::vector<ObjectText> objects, const EditContext &context) {
+            return EventEditor(std::move(objects), name.uid, context).remove(referenceTo(event), span);
+        });
 }
 
 void CalendarDatabase::save(const EKReminder &reminder)
 {
     if (!reminder.hasChanges())
         return;
-    {
-        const QMutexLocker lock(&m_mutex);
-        applyChanges();
-        StoredCollection &source = writable(reminder.calendar());
-        const CollectionContents::ItemName name = nameOf(reminder);
-        static_cast<void>(carryOut(
-            { &source, &source, [&](const CollectionContents &contents) { return contents.objectsOfReminder(name); },
-                [&](std::vector<ObjectText> objects) {
-                    return completeReminder(std::move(objects), name.uid, reminder.isCompleted(),
-                        reminder.completionDate(), editContext(source));
-                } }));
-    }
-    m_notifications.post(QLatin1String(kEKEventStoreChangedNotification));
+    const CollectionContents::ItemName name = nameOf(reminder);
+    changeInPlace(
+        reminder.calendar(), [&](const CollectionContents &contents) { return contents.objectsOfReminder(name); },
+        [&](std::vector<ObjectText> objects, const EditContext &context) {
+            return completeReminder(
+                std::move(objects), name.uid, reminder.isCompleted(), reminder.completionDate(), context);
+        });
 }
 
 void CalendarDatabase::remove(const EKReminder &reminder)
 {
-    {
-        const QMutexLocker lock(&m_mutex);
-        applyChanges();
-        StoredCollection &source = writable(reminder.calendar());
-        const CollectionContents::ItemName name = nameOf(reminder);
-        static_cast<void>(carryOut(
-            { &source, &source, [&](const CollectionContents &contents) { return contents.objectsOfReminder(name); },
-                [&](std::vector<ObjectText> objects) { return removeReminder(std::move(objects), name.uid); } }));
-    }
-    m_notifications.post(QLatin1String(kEKEventStoreChangedNotification));
+    const CollectionContents::ItemName name = nameOf(reminder);
+    changeInPlace(
+        reminder.calendar(), [&](const CollectionContents &contents) { return contents.objectsOfReminder(name); },
+        [&](std::vector<ObjectText> objects, const EditContext &) {
+            return removeReminder(std::move(objects), name.uid);
+        });
 }
 
 std::vector<ChangeJournal::Entry> CalendarDatabase::journal()
@@ -233,11 +232,9 @@ bool CalendarDatabase::restore(const QString &id)
     {
         const QMutexLocker lock(&m_mutex);
         applyChanges();
-        const auto entries = m_journal ? m_journal->entries() : std::vector<ChangeJournal::Entry>();
-        const auto entry
-            = std::find_if(entries.begin(), entries.end(), [&id](const auto &each) { return each.id == id; });
-        const auto text = m_journal ? m_journal->text(id) : std::nullopt;
-        if (entry == entries.end() || !text)
+        const auto entry = m_journal ? m_journal->entry(id) : std::nullopt;
+        const auto text = entry ? m_journal->text(id) : std::nullopt;
+        if (!text)
             throw EKError("There is no such entry in the journal.");
         isDone = putBack(presentPlace(entry->place, *text), *text);
         if (isDone && entry->created)

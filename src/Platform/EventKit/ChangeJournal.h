@@ -50,6 +50,8 @@ public:
     void discard(const QString &id);
     /// What is kept, the latest last.
     [[nodiscard]] std::vector<Entry> entries() const;
+    /// Empty where there is no such entry.
+    [[nodiscard]] std::optional<Entry> entry(const QString &id) const;
     /// Empty where there is no such entry, or it cannot be read.
     [[nodiscard]] std::optional<QByteArray> text(const QString &id) const;
 
@@ -57,7 +59,6 @@ private:
     [[nodiscard]] QString keepIn(DurableFolder &folder, const QByteArray &origin, const QByteArray &text);
     void removeOld() const;
     void remove(const QString &id) const;
-    [[nodiscard]] std::optional<Entry> entry(const QString &id) const;
     [[nodiscard]] QString pathOf(const QString &id, QLatin1String ending) const;
 
     const QString m_folder;

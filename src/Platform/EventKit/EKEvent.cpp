@@ -77,14 +77,20 @@ const std::vector<EKRecurrenceRule> &EKEvent::recurrenceRules() const
     return changed(&EventChanges::recurrenceRules, m_item->recurrenceRules);
 }
 
+template <typename Edit>
+void EKEvent::edit(const Edit &edit)
+{
+    auto changes = m_changes ? std::make_shared<EventChanges>(*m_changes) : std::make_shared<EventChanges>();
+    edit(*changes);
+    m_changes = changes->isEmpty() ? nullptr : std::move(changes);
+}
+
 template <typename Value>
 void EKEvent::change(std::optional<Value> EventChanges::*field, const Value &value, const Value &stored)
 {
-    auto changes = m_changes ? std::make_shared<EventChanges>(*m_changes) : std::make_shared<EventChanges>();
     // A detached event has nothing that could stay as it is.
     const bool isStored = m_calendar && value == stored;
-    (*changes).*field = isStored ? std::nullopt : std::optional(value);
-    m_changes = changes->isEmpty() ? nullptr : std::move(changes);
+    edit([&](EventChanges &changes) { changes.*field = isStored ? std::nullopt : std::optional(value); });
 }
 
 void EKEvent::setTitle(const std::optional<QString> &title)
@@ -129,10 +135,8 @@ void EKEvent::setAlarms(const std::vector<EKAlarm> &alarms)
 
 void EKEvent::setCalendar(const EKCalendarRef &calendar)
 {
-    auto changes = m_changes ? std::make_shared<EventChanges>(*m_changes) : std::make_shared<EventChanges>();
     const bool isStored = calendar && m_calendar && calendar->calendarIdentifier == m_calendar->calendarIdentifier;
-    changes->calendar = isStored ? nullptr : calendar;
-    m_changes = changes->isEmpty() ? nullptr : std::move(changes);
+    edit([&](EventChanges &changes) { changes.calendar = isStored ? nullptr : calendar; });
 }
 
 } // namespace mintaro

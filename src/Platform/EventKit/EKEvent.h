@@ -103,6 +103,8 @@ private:
     {
         return m_changes && (*m_changes).*field ? *((*m_changes).*field) : stored;
     }
+    template <typename Edit>
+    void edit(const Edit &edit);
     template <typename Value>
     void change(std::optional<Value> EventChanges::*field, const Value &value, const Value &stored);
 

@@ -45,11 +45,6 @@ void requireWhole(const EventEntry &entry)
         throw EKError("A part of this event cannot be read, so it is not changed: something could be lost.");
 }
 
-void setUid(ICalNode &node, const QString &uid)
-{
-    node.set(ICalNode::makeProperty("UID", {}, writeText(uid)));
-}
-
 } // namespace
 
 EventEditor::EventEditor(std::vector<ObjectText> objects, const QString &uid, EditContext context)
@@ -203,7 +198,7 @@ void EventEditor::detach(const EventTarget &target, const WrittenTimes &times, c
     const ICalNode &calendar = *target.source->calendar;
     takeOccurrenceOut(target);
     m_edit.uid = m_context.newUid();
-    setUid(node, m_edit.uid);
+    writeUid(node, m_edit.uid);
     changeNode(node, readAgain(node, *target.source->zones), *target.source, times, changes);
     create({ std::move(node) }, calendar, times.start);
 }
@@ -236,7 +231,7 @@ void EventEditor::changeFuture(
     for (std::size_t i = 0; i < later.size(); ++i)
         exceptions.emplace_back(&nodes[i + 1], later[i]);
     for (ICalNode &node : nodes)
-        setUid(node, m_edit.uid);
+        writeUid(node, m_edit.uid);
     changeSeries(target, nodes.front(), readAgain(nodes.front(), *master.zones), exceptions, times, changes);
     endSeries(*master.node, master.read, target.reading, *master.zones);
     revise(*master.node, true);
@@ -263,7 +258,7 @@ void EventEditor::changeSeries(const EventTarget &target, ICalNode &master, cons
     if (changes.recurrenceRules && changes.recurrenceRules->empty()) {
         // One event is left: the one that the user saw.
         ICalNode alone = aloneNode(target);
-        setUid(alone, m_edit.uid);
+        writeUid(alone, m_edit.uid);
         const EventComponent readAlone = readAgain(alone, zones);
         changeNode(alone, readAlone, *target.source, times, changes);
         master = std::move(alone);
@@ -393,7 +388,7 @@ NewObject EventEditor::create(const EventChanges &changes, const EditContext &co
         changes.isAllDay.value_or(false) ? TimeStyle::day() : TimeStyle::inZone(viewer), viewer, rules.empty());
     const QString uid = context.newUid();
     ICalNode event = ICalNode::makeComponent("VEVENT");
-    setUid(event, uid);
+    writeUid(event, uid);
     event.add(ICalNode::makeProperty("CREATED", {}, writeUtc(context.now)));
     writeChangeTime(event, context.now);
     const ICalComponent zones;

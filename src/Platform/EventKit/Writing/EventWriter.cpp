@@ -89,6 +89,11 @@ void writeText(ICalNode &component, QByteArrayView name, const QString &text)
             ICalNode::makeProperty(name, present ? lastingParameters(*present) : QByteArray(), writeText(text)));
 }
 
+void writeUid(ICalNode &component, const QString &uid)
+{
+    component.set(ICalNode::makeProperty("UID", {}, writeText(uid)));
+}
+
 void writeTimes(ICalNode &event, const EventTiming &present, const EventTime &start, const EventLength &length,
     const TimeStyle &style, const ICalComponent &zones)
 {

@@ -11,6 +11,8 @@ namespace mintaro {
 /// Sets a TEXT; an empty one takes the property away.
 void writeText(ICalNode &component, QByteArrayView name, const QString &text);
 
+void writeUid(ICalNode &component, const QString &uid);
+
 /// Sets DTSTART, and DTEND or DURATION, whichever it has. `present` is what stands there.
 /// `zones` holds the VTIMEZONEs of its object.
 void writeTimes(ICalNode &event, const EventTiming &present, const EventTime &start, const EventLength &length,

@@ -72,7 +72,7 @@ const TaskObject::Task &masterOf(const TaskObject &object)
 }
 
 /// The task again for its next time; empty where there is none. Tasks may count from their DUE alone.
-std::optional<ICalNode> nextTask(const ICalNode &task, const ICalComponent &zones, const EditContext &context)
+std::optional<ICalNode> nextTask(const ICalNode &task, const ICalComponent &zones)
 {
     ICalNode node = task;
     const ICalProperty *due = task.find("DUE");
@@ -102,8 +102,6 @@ std::optional<ICalNode> nextTask(const ICalNode &task, const ICalComponent &zone
     }
     if (!hasStart)
         continued.removeProperties("DTSTART");
-    continued.set(ICalNode::makeProperty("UID", {}, writeText(context.newUid())));
-    writeChangeTime(continued, context.now);
     return continued;
 }
 
@@ -137,8 +135,10 @@ StoreEdit completeReminder(std::vector<ObjectText> objects, const QString &uid, 
     edit.uid = uid;
     const ICalComponent zones = object.root.asComponent();
     if (isCompleted) {
-        if (auto next = nextTask(*task.node, zones, context)) {
-            const QString newUid = PropertyReader::text(next->asComponent(), "UID");
+        if (auto next = nextTask(*task.node, zones)) {
+            const QString newUid = context.newUid();
+            writeUid(*next, newUid);
+            writeChangeTime(*next, context.now);
             edit.created = NewObject { newUid, newCalendar({ std::move(*next) }, *task.calendar).text() };
         }
         removeRecurrence(*task.node);
