@@ -38,7 +38,7 @@ private:
     const Clock &m_clock;
     const Locale m_locale;
     mutable QMutex m_mutex;
-    TimeZone m_timeZone;
+    Calendar m_calendar;
 };
 
 } // namespace mintaro
