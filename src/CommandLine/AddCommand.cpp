@@ -4,6 +4,7 @@
 #include "Platform/EventKit/ICalValue.h"
 #include "Platform/EventKit/RecurrenceRule.h"
 #include "Platform/Foundation/ISO8601.h"
+#include "Services/NaturalLanguageParser.h"
 
 #include <QRegularExpression>
 
@@ -73,14 +74,18 @@ Date endAfter(const When &start, const EventLength &length, bool isAllDay, const
     return *end + length.exact;
 }
 
-Times parseTimes(const QCommandLineParser &arguments, const Calendar &calendar)
+/// By the options, and as far as they are silent by what the sentence says.
+Times parseTimes(const QCommandLineParser &arguments, const ParsedEvent &sentence, const Calendar &calendar)
 {
-    if (!arguments.isSet(QStringLiteral("start")))
+    const auto option = value(arguments, "start");
+    if (!option && !sentence.startDate)
         throw wrong("start", QStringLiteral("when does it begin?"));
-    const When start = parseWhen(*value(arguments, "start"), "start", calendar.timeZone());
+    const When start = option ? parseWhen(*option, "start", calendar.timeZone()) : When { *sentence.startDate, false };
     const bool isAllDay = start.isDay || arguments.isSet(QStringLiteral("all-day"));
     const auto end = value(arguments, "end");
     const auto duration = value(arguments, "duration");
+    if (!option && !end && !duration)
+        return { start.date, *sentence.endDate, isAllDay };
     if (end && duration)
         throw wrong("duration", QStringLiteral("there is an --end already"));
     if (duration)
@@ -147,12 +152,14 @@ std::vector<EKAlarm> parseAlarms(const QCommandLineParser &arguments)
     return alarms;
 }
 
-EKEvent parseEvent(const QCommandLineParser &arguments, const Calendar &calendar)
+EKEvent parseEvent(const QCommandLineParser &arguments, const Environment &environment)
 {
-    const QString title = arguments.value(QStringLiteral("title")).simplified();
+    const QString words = arguments.positionalArguments().mid(1).join(u' ');
+    const auto sentence = NaturalLanguageParser(environment).parse(words).value_or(ParsedEvent());
+    const QString title = value(arguments, "title").value_or(sentence.title).simplified();
     if (title.isEmpty())
         throw wrong("title", QStringLiteral("what is the event called?"));
-    const Times times = parseTimes(arguments, calendar);
+    const Times times = parseTimes(arguments, sentence, environment.calendar());
     if (times.end < times.start)
         throw wrong("end", QStringLiteral("the event would end before it starts"));
     EKEvent event;
@@ -160,7 +167,8 @@ EKEvent parseEvent(const QCommandLineParser &arguments, const Calendar &calendar
     event.setStartDate(times.start);
     event.setEndDate(times.end);
     event.setAllDay(times.isAllDay);
-    event.setLocation(value(arguments, "location"));
+    const auto location = value(arguments, "location");
+    event.setLocation(location ? location : sentence.location);
     event.setNotes(value(arguments, "notes"));
     event.setRecurrenceRules(parseRules(arguments));
     event.setAlarms(parseAlarms(arguments));
@@ -176,7 +184,11 @@ QString AddCommand::summary() const
 
 QString AddCommand::details() const
 {
-    return QStringLiteral("Adds an event and prints it. A moment is ISO 8601: 2026-11-24T15:00 or\n"
+    return QStringLiteral("Adds an event and prints it. A sentence says what, when and where (see parse);\n"
+                          "options overrule it.\n\n"
+                          "  mintaroctl add \"Lunch with Anna tomorrow at noon at Roma\"\n"
+                          "  mintaroctl add \"Cena venerdi alle 20\" --calendar Casa --alert 30\n\n"
+                          "A moment is ISO 8601: 2026-11-24T15:00 or\n"
                           "\"2026-11-24 15:00\" on the clocks of the time zone, or with an offset or Z.\n"
                           "A day alone, as in 2026-11-24, makes an event of whole days, of which --end\n"
                           "is the last one. Without --end and --duration an event lasts an hour, or that\n"
@@ -190,6 +202,8 @@ QString AddCommand::details() const
 
 void AddCommand::addOptions(QCommandLineParser &parser) const
 {
+    parser.addPositionalArgument(
+        QStringLiteral("sentence"), QStringLiteral("What, when and where."), QStringLiteral("[sentence]"));
     const auto add = [&parser](const char *name, const char *text, const char *value) {
         parser.addOption({ QLatin1String(name), QLatin1String(text), QLatin1String(value) });
     };
@@ -208,12 +222,8 @@ void AddCommand::addOptions(QCommandLineParser &parser) const
 
 int AddCommand::run(const QCommandLineParser &arguments)
 {
-    if (arguments.positionalArguments().size() > 1)
-        throw CommandError(
-            QStringLiteral("add: cannot make sense of \"%1\"; say it by --title and --start, see add --help")
-                .arg(arguments.positionalArguments().mid(1).join(u' ')));
     AppContext context(ContextOptions::from(arguments));
-    EKEvent event = parseEvent(arguments, context.environment().calendar());
+    EKEvent event = parseEvent(arguments, context.environment());
     EKEventStore store(context.database());
     if (!store.requestFullAccessToEvents())
         throw CommandError(QStringLiteral("the calendars cannot be read"));
@@ -227,8 +237,10 @@ int AddCommand::run(const QCommandLineParser &arguments)
     if (arguments.isSet(QStringLiteral("json")))
         printJson(toJson(added, context.environment().timeZone()));
     else
-        printLine(QStringLiteral("%1  %2  (%3)")
-                      .arg(added.title, WhenText(context.environment()).range(added), added.calendarTitle));
+        printLine(
+            QStringLiteral("%1  %2  (%3)")
+                .arg(added.title, WhenText(context.environment()).range(added.startDate, added.endDate, added.isAllDay),
+                    added.calendarTitle));
     return 0;
 }
 

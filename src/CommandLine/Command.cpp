@@ -5,6 +5,7 @@
 #include "CommandLine/LinksCommand.h"
 #include "CommandLine/NextCommand.h"
 #include "CommandLine/OccurrencesCommand.h"
+#include "CommandLine/ParseCommand.h"
 #include "CommandLine/RestoreCommand.h"
 #include "CommandLine/SearchCommand.h"
 #include "CommandLine/StatusCommand.h"
@@ -27,6 +28,7 @@ std::vector<std::unique_ptr<Command>> allCommands()
     commands.push_back(std::make_unique<OccurrencesCommand>());
     commands.push_back(std::make_unique<SearchCommand>());
     commands.push_back(std::make_unique<AddCommand>());
+    commands.push_back(std::make_unique<ParseCommand>());
     commands.push_back(std::make_unique<RestoreCommand>());
     commands.push_back(std::make_unique<LinksCommand>());
     return commands;

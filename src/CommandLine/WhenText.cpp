@@ -20,15 +20,13 @@ QString WhenText::moment(Date date) const
     return day(date) + u' ' + clockReading(date, m_calendar.timeZone());
 }
 
-QString WhenText::range(const CalendarEvent &event) const
+QString WhenText::range(Date start, Date end, bool isAllDay) const
 {
     const QString dash = QStringLiteral(" - ");
-    const bool isOneDay = m_calendar.isDateInSameDay(event.startDate, event.endDate);
-    if (event.isAllDay)
-        return day(event.startDate) + (isOneDay ? QString() : dash + day(event.endDate));
-    if (isOneDay)
-        return day(event.startDate) + u' ' + event.timeRange(m_calendar.timeZone());
-    return moment(event.startDate) + dash + moment(event.endDate);
+    const bool isOneDay = m_calendar.isDateInSameDay(start, end);
+    if (isAllDay)
+        return day(start) + (isOneDay ? QString() : dash + day(end));
+    return moment(start) + dash + (isOneDay ? clockReading(end, m_calendar.timeZone()) : moment(end));
 }
 
 } // namespace mintaro

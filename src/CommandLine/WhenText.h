@@ -1,6 +1,5 @@
 #pragma once
 
-#include "Models/CalendarEvent.h"
 #include "Platform/Foundation/DateFormatter.h"
 #include "Platform/Foundation/Environment.h"
 
@@ -16,7 +15,7 @@ public:
     /// "Tue, 24 Nov 2026 15:00".
     [[nodiscard]] QString moment(Date date) const;
     /// "Tue, 24 Nov 2026 15:00 - 16:00", and of whole days the days alone.
-    [[nodiscard]] QString range(const CalendarEvent &event) const;
+    [[nodiscard]] QString range(Date start, Date end, bool isAllDay) const;
 
 private:
     Calendar m_calendar;

@@ -282,6 +282,10 @@ TEST_F(AddTest, PutsAnEventIntoACalendarAndSaysWhich)
             u"20261224T220000Z\t20261225T000000Z\tA\n"_qs },
         { { u"--start"_qs, u"2026-11-26"_qs, u"--repeat"_qs, u"FREQ=WEEKLY;COUNT=2"_qs },
             u"A  Thu, 26 Nov 2026  (Home)\n"_qs, u"20261126\t20261127\tA\n20261203\t20261204\tA\n"_qs },
+        { { u"lunch tomorrow 12:30-14 at Roma"_qs }, u"A  Thu, 26 Nov 2026 12:30 - 14:00  (Home)\n"_qs,
+            u"20261126T113000Z\t20261126T130000Z\tA\n"_qs },
+        { { u"cena venerdì alle 20"_qs, u"--duration"_qs, u"3h"_qs }, u"A  Fri, 27 Nov 2026 20:00 - 23:00  (Home)\n"_qs,
+            u"20261127T190000Z\t20261127T220000Z\tA\n"_qs },
     };
     for (const auto &each : cases) {
         SCOPED_TRACE(each.options.join(u' ').toStdString());
@@ -292,6 +296,19 @@ TEST_F(AddTest, PutsAnEventIntoACalendarAndSaysWhich)
         EXPECT_EQ(answer.output, each.answer);
         EXPECT_EQ(listed(), each.occurrence);
     }
+}
+
+TEST_F(AddTest, TakesASentenceAsOthersReadIt)
+{
+    EXPECT_EQ(in({ u"add"_qs, u"Lunch with Anna tomorrow at noon at Roma"_qs }).output,
+        u"Lunch with Anna  Thu, 26 Nov 2026 12:00 - 13:00  (Home)\n"_qs);
+    const QStringList files = QDir(path(u"store/Home"_qs)).entryList({ u"*.ics"_qs });
+    ASSERT_EQ(files.size(), 1);
+    QFile file(path(u"store/Home/"_qs + files.front()));
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    const std::string text = file.readAll().toStdString();
+    for (const char *line : { "SUMMARY:Lunch with Anna", "DTSTART;TZID=Europe/Rome:20261126T120000", "LOCATION:Roma" })
+        EXPECT_THAT(text, testing::HasSubstr(line));
 }
 
 TEST_F(AddTest, SaysWhatIsWrongAndAddsNothing)
@@ -310,7 +327,7 @@ TEST_F(AddTest, SaysWhatIsWrongAndAddsNothing)
         { { u"--title"_qs, u"A"_qs, u"--start"_qs, u"2026-11-26"_qs, u"--repeat"_qs, u"often"_qs },
             "a rule is needed" },
         { { u"--title"_qs, u"A"_qs, u"--start"_qs, u"2026-11-26"_qs, u"--alert"_qs, u"soon"_qs }, "minutes before" },
-        { { u"lunch"_qs, u"tomorrow"_qs }, "lunch tomorrow" },
+        { { u"lunch with Anna"_qs }, "--start" },
     };
     for (const auto &each : cases) {
         const Answer answer = in(QStringList { u"add"_qs } + each.options);
@@ -361,6 +378,26 @@ TEST_F(CommandLineTest, LinksTakesItsTextFromTheArgumentsOrTheInput)
     EXPECT_EQ(ask({ u"links"_qs, u"at https://example.org/a now"_qs }).output, u"https://example.org/a\n"_qs);
     EXPECT_EQ(ask({ u"links"_qs }, "at https://example.org/b\n").output, u"https://example.org/b\n"_qs);
     EXPECT_EQ(ask({ u"links"_qs, u"agenda"_qs }).output, QString()) << "the text may be the name of a command";
+}
+
+TEST_F(CommandLineTest, ParseSaysWhatASentenceMeans)
+{
+    EXPECT_EQ(ask(then({ u"parse"_qs, u"Lunch"_qs, u"tomorrow at noon at Roma"_qs })).output,
+        u"Lunch\nThu, 26 Nov 2026 12:00 - 13:00\nRoma\n"_qs);
+    EXPECT_EQ(ask(then({ u"parse"_qs, u"Lunch"_qs })).output, u"Lunch\n"_qs);
+    EXPECT_EQ(ask(then({ u"parse"_qs })).status, 2);
+
+    const Answer answer = ask(then({ u"parse"_qs, u"--json-lines"_qs, u"--timing"_qs }),
+        "{\"id\":1,\"text\":\"cena alle 20\",\"ref\":\"2026-03-29T01:00\",\"tz\":\"Europe/London\","
+        "\"locale\":\"it_IT\"}\n\n{\"id\":2,\"text\":\"  \"}\n");
+    EXPECT_EQ(answer.lines(),
+        (QStringList { u"{\"end\":\"2026-03-29T21:00:00\",\"id\":1,\"index\":5,\"location\":null,"
+                       u"\"match\":\"alle 20\",\"start\":\"2026-03-29T20:00:00\",\"title\":\"cena\"}"_qs,
+            u"{\"end\":null,\"id\":2,\"index\":null,\"location\":null,\"match\":null,\"start\":null,"
+            u"\"title\":\"  \"}"_qs }));
+    EXPECT_TRUE(answer.complaint.startsWith(u"median_us "_qs)) << answer.complaint.toStdString();
+    for (const char *wrong : { "{\"text\":\"a\",\"tz\":\"Europe/Rom\"}", "{\"text\":\"a\",\"ref\":\"noon\"}" })
+        EXPECT_EQ(ask({ u"parse"_qs, u"--json-lines"_qs }, wrong).status, 2) << wrong;
 }
 
 struct WrongCase
