@@ -23,6 +23,15 @@ QtObject {
     readonly property color onAccent: "#ffffff"
     readonly property color blue: root.dark ? "#6aabff" : "#0059d6"
     readonly property color badge: Qt.rgba(root.blue.r, root.blue.g, root.blue.b, 0.10)
+    /// What takes something away, as text or symbol, and as a fill behind white text.
+    readonly property color red: root.dark ? "#ff7a72" : "#c8102e"
+    readonly property color redFill: "#c8102e"
+    /// The ground of buttons, and of menus and other things that float.
+    readonly property color controlFace: root.dark ? root.ink(0.13) : "#ffffff"
+    readonly property color floatingGround: root.dark ? "#303034" : "#ffffff"
+    readonly property color switchTrack: root.ink(root.dark ? 0.36 : 0.42)
+    readonly property color shadow: Qt.rgba(0, 0, 0, root.dark ? 0.12 : 0.04)
+    readonly property color selectionGround: Qt.rgba(root.accentFill.r, root.accentFill.g, root.accentFill.b, root.dark ? 0.45 : 0.25)
     readonly property color sectionBand: root.ink(root.dark ? 0.05 : 0.03)
     readonly property color hover: root.ink(root.dark ? 0.08 : 0.06)
     readonly property color press: root.ink(root.dark ? 0.15 : 0.11)
@@ -34,6 +43,7 @@ QtObject {
     readonly property font bodyBold: Qt.font({ family: root.family, pixelSize: 13, weight: Font.Bold })
     readonly property font labelText: Qt.font({ family: root.family, pixelSize: 13, weight: Font.Medium })
     readonly property font callout: Qt.font({ family: root.family, pixelSize: 12 })
+    readonly property font subheadline: Qt.font({ family: root.family, pixelSize: 11 })
     readonly property font caption: Qt.font({ family: root.family, pixelSize: 10 })
     readonly property font sectionHeading: Qt.font({ family: root.family, pixelSize: 10, weight: Font.DemiBold, capitalization: Font.AllUppercase })
     readonly property font caption2: Qt.font({ family: root.family, pixelSize: 10, weight: Font.Medium })
@@ -52,11 +62,19 @@ QtObject {
     readonly property int cornerRadius: ThemeController.cornerRadius
     readonly property int chipRadius: 6
     readonly property int controlRadius: 5
+    readonly property int groupRadius: 8
+    readonly property int sheetPadding: 16
+    readonly property int formRowHeight: 32
+    readonly property int controlHeight: 24
+    readonly property int menuRowHeight: 24
+    readonly property int focusRingWidth: 2
+    readonly property real disabledOpacity: 0.4
     readonly property int badgeRadius: 3
     readonly property int barRadius: 2
     readonly property real pastOpacity: 0.5
     readonly property real neighbourOpacity: 0.4
     readonly property int monthAnimation: 200
+    readonly property int quickAnimation: 120
 
     /// Black on light grounds, white on dark ones, at this opacity.
     function ink(opacity: real): color {
