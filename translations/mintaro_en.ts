@@ -91,5 +91,85 @@
         <source>accessibility.notCompleted</source>
         <translation>to do</translation>
     </message>
+    <message id="Repeat">
+        <source>Repeat</source>
+        <translation>Repeat</translation>
+    </message>
+    <message id="recurrence.none">
+        <source>recurrence.none</source>
+        <translation>Never</translation>
+    </message>
+    <message id="recurrence.daily">
+        <source>recurrence.daily</source>
+        <translation>Every Day</translation>
+    </message>
+    <message id="recurrence.weekly">
+        <source>recurrence.weekly</source>
+        <translation>Every Week</translation>
+    </message>
+    <message id="recurrence.monthly">
+        <source>recurrence.monthly</source>
+        <translation>Every Month</translation>
+    </message>
+    <message id="recurrence.yearly">
+        <source>recurrence.yearly</source>
+        <translation>Every Year</translation>
+    </message>
+    <message id="Alert">
+        <source>Alert</source>
+        <translation>Alert</translation>
+    </message>
+    <message id="alert.none">
+        <source>alert.none</source>
+        <translation>None</translation>
+    </message>
+    <message id="alert.atTimeOfEvent">
+        <source>alert.atTimeOfEvent</source>
+        <translation>At time of event</translation>
+    </message>
+    <message id="alert.5min">
+        <source>alert.5min</source>
+        <translation>5 minutes before</translation>
+    </message>
+    <message id="alert.10min">
+        <source>alert.10min</source>
+        <translation>10 minutes before</translation>
+    </message>
+    <message id="alert.15min">
+        <source>alert.15min</source>
+        <translation>15 minutes before</translation>
+    </message>
+    <message id="alert.30min">
+        <source>alert.30min</source>
+        <translation>30 minutes before</translation>
+    </message>
+    <message id="alert.1hour">
+        <source>alert.1hour</source>
+        <translation>1 hour before</translation>
+    </message>
+    <message id="alert.1day">
+        <source>alert.1day</source>
+        <translation>1 day before</translation>
+    </message>
+    <message id="Calendar">
+        <source>Calendar</source>
+        <translation>Calendar</translation>
+    </message>
+    <message id="This is a repeating event.">
+        <source>This is a repeating event.</source>
+        <translation>This is a repeating event.</translation>
+    </message>
+    <message id="Do you want to change only this event or all future events?">
+        <source>Do you want to change only this event or all future events?</source>
+        <translation>Do you want to change only this event or all future events?</translation>
+    </message>
+    <message id="Only This Event">
+        <source>Only This Event</source>
+        <translation>Only This Event</translation>
+    </message>
+    <message id="All Future Events">
+        <source>All Future Events</source>
+        <translation>All Future Events</translation>
+    </message>
 </context>
 </TS>

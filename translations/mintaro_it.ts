@@ -91,5 +91,85 @@
         <source>accessibility.notCompleted</source>
         <translation>da fare</translation>
     </message>
+    <message id="Repeat">
+        <source>Repeat</source>
+        <translation>Ripeti</translation>
+    </message>
+    <message id="recurrence.none">
+        <source>recurrence.none</source>
+        <translation>Mai</translation>
+    </message>
+    <message id="recurrence.daily">
+        <source>recurrence.daily</source>
+        <translation>Ogni giorno</translation>
+    </message>
+    <message id="recurrence.weekly">
+        <source>recurrence.weekly</source>
+        <translation>Ogni settimana</translation>
+    </message>
+    <message id="recurrence.monthly">
+        <source>recurrence.monthly</source>
+        <translation>Ogni mese</translation>
+    </message>
+    <message id="recurrence.yearly">
+        <source>recurrence.yearly</source>
+        <translation>Ogni anno</translation>
+    </message>
+    <message id="Alert">
+        <source>Alert</source>
+        <translation>Avviso</translation>
+    </message>
+    <message id="alert.none">
+        <source>alert.none</source>
+        <translation>Nessuno</translation>
+    </message>
+    <message id="alert.atTimeOfEvent">
+        <source>alert.atTimeOfEvent</source>
+        <translation>All’ora dell’evento</translation>
+    </message>
+    <message id="alert.5min">
+        <source>alert.5min</source>
+        <translation>5 minuti prima</translation>
+    </message>
+    <message id="alert.10min">
+        <source>alert.10min</source>
+        <translation>10 minuti prima</translation>
+    </message>
+    <message id="alert.15min">
+        <source>alert.15min</source>
+        <translation>15 minuti prima</translation>
+    </message>
+    <message id="alert.30min">
+        <source>alert.30min</source>
+        <translation>30 minuti prima</translation>
+    </message>
+    <message id="alert.1hour">
+        <source>alert.1hour</source>
+        <translation>1 ora prima</translation>
+    </message>
+    <message id="alert.1day">
+        <source>alert.1day</source>
+        <translation>1 giorno prima</translation>
+    </message>
+    <message id="Calendar">
+        <source>Calendar</source>
+        <translation>Calendario</translation>
+    </message>
+    <message id="This is a repeating event.">
+        <source>This is a repeating event.</source>
+        <translation>Questo evento si ripete.</translation>
+    </message>
+    <message id="Do you want to change only this event or all future events?">
+        <source>Do you want to change only this event or all future events?</source>
+        <translation>Vuoi modificare solo questo evento o tutti gli eventi futuri?</translation>
+    </message>
+    <message id="Only This Event">
+        <source>Only This Event</source>
+        <translation>Solo questo</translation>
+    </message>
+    <message id="All Future Events">
+        <source>All Future Events</source>
+        <translation>Tutti i futuri</translation>
+    </message>
 </context>
 </TS>

@@ -33,4 +33,13 @@ struct MenuBarLabelForQml
     QML_UNCREATABLE("The application has one")
 };
 
+/// EKSpan under its name, with its values.
+namespace SpanForQml {
+Q_NAMESPACE
+QML_NAMED_ELEMENT(EKSpan)
+
+enum Span { ThisEvent = static_cast<int>(EKSpan::ThisEvent), FutureEvents = static_cast<int>(EKSpan::FutureEvents) };
+Q_ENUM_NS(Span)
+} // namespace SpanForQml
+
 } // namespace mintaro
