@@ -91,6 +91,14 @@
         <source>accessibility.notCompleted</source>
         <translation>to do</translation>
     </message>
+    <message id="Title">
+        <source>Title</source>
+        <translation>Title</translation>
+    </message>
+    <message id="Event title or natural language...">
+        <source>Event title or natural language...</source>
+        <translation>Event title or natural language...</translation>
+    </message>
     <message id="Repeat">
         <source>Repeat</source>
         <translation>Repeat</translation>

@@ -91,6 +91,14 @@
         <source>accessibility.notCompleted</source>
         <translation>da fare</translation>
     </message>
+    <message id="Title">
+        <source>Title</source>
+        <translation>Titolo</translation>
+    </message>
+    <message id="Event title or natural language...">
+        <source>Event title or natural language...</source>
+        <translation>Titolo o frase, ad es. pranzo domani…</translation>
+    </message>
     <message id="Repeat">
         <source>Repeat</source>
         <translation>Ripeti</translation>
