@@ -179,5 +179,13 @@
         <source>All Future Events</source>
         <translation>All Future Events</translation>
     </message>
+    <message id="accessibility.time %@">
+        <source>accessibility.time %@</source>
+        <translation>%1, time</translation>
+    </message>
+    <message id="accessibility.chooseDay %@">
+        <source>accessibility.chooseDay %@</source>
+        <translation>%1, choose a day</translation>
+    </message>
 </context>
 </TS>

@@ -179,5 +179,13 @@
         <source>All Future Events</source>
         <translation>Tutti i futuri</translation>
     </message>
+    <message id="accessibility.time %@">
+        <source>accessibility.time %@</source>
+        <translation>%1, ora</translation>
+    </message>
+    <message id="accessibility.chooseDay %@">
+        <source>accessibility.chooseDay %@</source>
+        <translation>%1, scegli un giorno</translation>
+    </message>
 </context>
 </TS>
