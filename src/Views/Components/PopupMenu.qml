@@ -18,6 +18,7 @@ T.Popup {
     signal picked(int index)
 
     readonly property int rowHeight: Theme.menuRowHeight
+    readonly property size room: root.parent ? Qt.size(root.parent.Window.width, root.parent.Window.height) : Qt.size(0, 0)
     property string typed
     /// What had the keyboard before.
     property Item opener: null
@@ -25,8 +26,8 @@ T.Popup {
 
     x: (parent ? parent.width : 0) - width
     y: -Math.max(0, root.markedIndex) * root.rowHeight - root.padding + ((parent ? parent.height : 0) - root.rowHeight) / 2
-    width: Math.min(Math.max(parent ? parent.width : 0, Math.ceil(measure.width) + 58), parent ? parent.Window.width - 2 * margins : 0)
-    height: root.texts.length * root.rowHeight + 2 * root.padding
+    width: Math.min(Math.max(parent ? parent.width : 0, Math.ceil(measure.width) + 58), root.room.width - 2 * margins)
+    height: Math.min(root.texts.length * root.rowHeight + 2 * root.padding, root.room.height - 2 * margins)
     margins: 4
     padding: 4
     focus: true
