@@ -54,11 +54,7 @@ TEST(RecurrencePickerTest, WritesTheRuleOfAnotherRowOnly)
     picker.pick(0);
     EXPECT_FALSE(picker.recurrenceRule());
     EXPECT_EQ(picked.size(), 2);
-}
-
-TEST(RecurrencePickerTest, NoneEndsARuleWithoutARow)
-{
-    RecurrencePickerController picker;
+    // It shows "none", and is none from here on.
     picker.setRecurrenceRule(EKRecurrenceRule { "FREQ=HOURLY" });
     picker.pick(0);
     EXPECT_FALSE(picker.recurrenceRule());

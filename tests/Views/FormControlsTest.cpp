@@ -101,10 +101,28 @@ protected:
             QTest::keyClick(&window, *text);
     }
 
-    [[nodiscard]] QString focused() const
+    [[nodiscard]] static QString nameOf(QQuickItem *item)
     {
-        QAccessibleInterface *interface = QAccessible::queryAccessibleInterface(window.activeFocusItem());
+        QAccessibleInterface *interface = QAccessible::queryAccessibleInterface(item);
         return interface ? interface->text(QAccessible::Name) : QString();
+    }
+    [[nodiscard]] QString focused() const { return nameOf(window.activeFocusItem()); }
+
+    /// Null where there is none.
+    [[nodiscard]] static QQuickItem *descendant(QQuickItem *item, const QString &name)
+    {
+        for (QQuickItem *child : item->childItems()) {
+            if (QQuickItem *found = nameOf(child) == name ? child : descendant(child, name))
+                return found;
+        }
+        return nullptr;
+    }
+
+    void click(QQuickItem *item)
+    {
+        ASSERT_TRUE(item);
+        const QPointF middle(item->width() / 2, item->height() / 2);
+        QTest::mouseClick(&window, Qt::LeftButton, {}, item->mapToScene(middle).toPoint());
     }
 
     void tabTo(const QString &name)
@@ -198,7 +216,9 @@ TEST_F(FormControlsTest, MenuIsUsedByKeysAndStaysInTheWindow)
     using Offset = std::optional<std::chrono::seconds>;
     tabTo(u"Alert"_qs);
     key(Qt::Key_Space);
-    QQuickItem *list = window.activeFocusItem();
+    // The row's list, in whose content it lies.
+    const QQuickItem *list = window.activeFocusItem()->parentItem()->parentItem();
+    ASSERT_TRUE(list->inherits("QQuickListView"));
     const QRectF place = list->mapRectToScene(QRectF(0, 0, list->width(), list->height()));
     EXPECT_TRUE(QRectF(form->position(), form->size()).contains(place));
     type("15");
@@ -215,6 +235,22 @@ TEST_F(FormControlsTest, MenuIsUsedByKeysAndStaysInTheWindow)
     key(Qt::Key_Up);
     key(Qt::Key_Return);
     EXPECT_EQ(value<Offset>("offset"), std::chrono::hours { -1 });
+}
+
+TEST_F(FormControlsTest, MenuAndMonthAreUsedByMouse)
+{
+    tabTo(u"Alert"_qs);
+    click(window.activeFocusItem());
+    EXPECT_EQ(focused(), u"None"_qs);
+    QTest::mouseClick(&window, Qt::LeftButton, {}, QPoint(2, 2));
+    EXPECT_EQ(focused(), u"Alert"_qs);
+    click(window.activeFocusItem());
+    click(descendant(window.contentItem(), u"5 minutes before"_qs));
+    EXPECT_EQ(value<std::optional<std::chrono::seconds>>("offset"), std::chrono::minutes { -5 });
+    tabTo(u"Start, choose a day"_qs);
+    click(window.activeFocusItem());
+    click(descendant(window.contentItem(), u"Friday, 20 March 2026"_qs));
+    EXPECT_EQ(value<Date>("date"), at("2026-03-20 15:30"));
 }
 
 TEST_F(FormControlsTest, SwitchHidesTheTime)

@@ -20,6 +20,7 @@ T.Popup {
     readonly property int rowHeight: Theme.menuRowHeight
     readonly property size room: root.parent ? Qt.size(root.parent.Window.width, root.parent.Window.height) : Qt.size(0, 0)
     property string typed
+    property bool isUsed: false
     /// What had the keyboard before.
     property Item opener: null
     property int closeReason: Qt.PopupFocusReason
@@ -35,6 +36,7 @@ T.Popup {
     dim: false
     closePolicy: T.Popup.CloseOnEscape | T.Popup.CloseOnPressOutside
     onAboutToShow: {
+        root.isUsed = true;
         root.opener = root.parent.Window.activeFocusItem;
         root.closeReason = Qt.PopupFocusReason;
         root.typed = "";
@@ -50,7 +52,8 @@ T.Popup {
 
     contentItem: ListView {
         id: list
-        model: root.texts
+        // Rows are made when the menu is first opened.
+        model: root.isUsed ? root.texts : []
         clip: true
         boundsBehavior: Flickable.StopAtBounds
         keyNavigationEnabled: true

@@ -35,7 +35,8 @@ T.TextField {
     Accessible.role: Accessible.EditableText
     Accessible.name: root.accessibleName
     onShownChanged: root.text = root.shown
-    onEditingFinished: root.commit()
+    onAccepted: root.commit()
+    // Not when the window loses the keyboard: who comes back goes on typing.
     onActiveFocusChanged: {
         if (!root.activeFocus)
             root.commit();

@@ -65,7 +65,7 @@ private:
     /// The moment that the text makes of the date; empty where it says nothing, or nothing that can be shown.
     [[nodiscard]] std::optional<Date> read(Entry entry, const QString &text) const;
     [[nodiscard]] std::optional<Date> moved(DateEntryFormat::Part part, int steps, bool isLong, Date from) const;
-    [[nodiscard]] const QString text(Entry entry) const { return entry == Day ? dayText() : timeText(); }
+    [[nodiscard]] QString text(Entry entry) const { return entry == Day ? dayText() : timeText(); }
     void edit(Date date);
 
     AppState *m_appState = nullptr;
