@@ -253,6 +253,23 @@ TEST_F(FormControlsTest, MenuAndMonthAreUsedByMouse)
     EXPECT_EQ(value<Date>("date"), at("2026-03-20 15:30"));
 }
 
+TEST_F(FormControlsTest, NotesGrowFromThreeLinesToSix)
+{
+    tabTo(u"Notes"_qs);
+    const QQuickItem *text = window.activeFocusItem();
+    const QQuickItem *notes = text->parentItem()->parentItem()->parentItem();
+    std::vector<double> heights;
+    for (int lines = 1; lines <= 8; ++lines) {
+        heights.push_back(notes->height());
+        key(Qt::Key_Return);
+    }
+    EXPECT_EQ(heights[2], heights[0]);
+    EXPECT_GT(heights[3], heights[2]);
+    EXPECT_GT(heights[5], heights[4]);
+    EXPECT_EQ(heights[7], heights[5]);
+    EXPECT_GT(text->height(), notes->height());
+}
+
 TEST_F(FormControlsTest, SwitchHidesTheTime)
 {
     tabTo(u"All Day"_qs);

@@ -8,11 +8,11 @@ Rectangle {
 
     required property bool shown
     /// How far outside of what it surrounds.
-    property int gap: 2
+    property int gap: 3
 
     anchors { fill: parent; margins: -root.gap }
     visible: root.shown
-    radius: Theme.controlRadius + root.gap
+    radius: Theme.controlRadius + Math.max(0, root.gap)
     color: "transparent"
     border.width: Theme.focusRingWidth
     border.color: Theme.accentText

@@ -11,12 +11,14 @@ FocusScope {
     property alias text: area.text
     property alias placeholder: area.placeholderText
 
+    /// Inside it the text scrolls.
+    readonly property int inset: 4
     readonly property real lineHeight: metrics.lineSpacing
 
     signal edited
 
     implicitWidth: 160
-    implicitHeight: Math.ceil(Math.max(3 * root.lineHeight, Math.min(6 * root.lineHeight, area.contentHeight))) + area.topPadding + area.bottomPadding
+    implicitHeight: Math.ceil(Math.max(3 * root.lineHeight, Math.min(6 * root.lineHeight, area.contentHeight))) + area.topPadding + area.bottomPadding + 2 * root.inset
     activeFocusOnTab: false
     opacity: root.enabled ? 1 : Theme.disabledOpacity
 
@@ -30,7 +32,7 @@ FocusScope {
     }
     Flickable {
         id: flickable
-        anchors.fill: parent
+        anchors { fill: parent; margins: root.inset }
         clip: true
         boundsBehavior: Flickable.StopAtBounds
         contentWidth: width
@@ -38,10 +40,10 @@ FocusScope {
         T.TextArea.flickable: T.TextArea {
             id: area
             focus: true
-            leftPadding: Theme.margin
-            rightPadding: Theme.margin
-            topPadding: 8
-            bottomPadding: 8
+            leftPadding: Theme.margin - root.inset
+            rightPadding: Theme.margin - root.inset
+            topPadding: 4
+            bottomPadding: 4
             font: Theme.body
             color: Theme.primary
             selectionColor: Theme.selectionGround
