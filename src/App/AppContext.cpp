@@ -93,9 +93,9 @@ QString AppContext::calendarConfigurationFolder()
     return QFileInfo(StoreConfiguration::filePath(BaseFolders::fromEnvironment())).path();
 }
 
-AppState::Dependencies AppContext::dependencies(Workspace &workspace)
+AppState::Dependencies AppContext::dependencies(Workspace &workspace, EventEditorOpener *eventEditor)
 {
-    return { m_database, m_notifications, m_defaults, m_environment, workspace };
+    return { m_database, m_notifications, m_defaults, m_environment, workspace, eventEditor };
 }
 
 } // namespace mintaro

@@ -49,8 +49,8 @@ public:
     [[nodiscard]] const std::shared_ptr<CalendarDatabase> &database() const { return m_database; }
     /// The folder of store.conf, which names the calendars that the program may see.
     [[nodiscard]] static QString calendarConfigurationFolder();
-    /// `workspace` must outlive the result.
-    [[nodiscard]] AppState::Dependencies dependencies(Workspace &workspace);
+    /// Both must outlive the result; without an editor nothing can be edited.
+    [[nodiscard]] AppState::Dependencies dependencies(Workspace &workspace, EventEditorOpener *eventEditor = nullptr);
 
 private:
     const bool m_hasSystemTime;

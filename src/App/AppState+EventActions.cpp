@@ -13,6 +13,12 @@ std::optional<QString> present(const QString &text)
     return text.isEmpty() ? std::nullopt : std::optional(text);
 }
 
+/// All occurrences of a series share the identifier; that of a new event is empty.
+std::pair<QString, Date> draftKey(const std::optional<EKEvent> &event)
+{
+    return event ? std::pair(event->eventIdentifier(), event->startDate()) : std::pair(QString(), Date());
+}
+
 } // namespace
 
 void AppState::setShowingDeleteConfirmation(bool isShowing)
@@ -31,6 +37,12 @@ void AppState::setErrorMessage(const QString &message)
 {
     if (std::exchange(m_errorMessage, message) != message)
         Q_EMIT errorMessageChanged();
+}
+
+void AppState::tellOfFailure(const QString &message)
+{
+    m_logger.error(message);
+    setErrorMessage(message);
 }
 
 void AppState::setPendingDeleteEvent(const std::optional<CalendarEvent> &event)
@@ -68,12 +80,28 @@ QCoro::Task<> AppState::deleteEvent(CalendarEvent event, EKSpan span)
     } catch (const EKError &error) {
         if (!self)
             co_return;
-        const QString message = QStringLiteral("Failed to delete event: %1").arg(QString::fromUtf8(error.what()));
-        m_logger.error(message);
-        setErrorMessage(message);
+        tellOfFailure(QStringLiteral("Failed to delete event: %1").arg(QString::fromUtf8(error.what())));
     }
     if (self)
         setPendingDeleteEvent(std::nullopt);
+}
+
+void AppState::openNewEvent()
+{
+    m_editingEvent.reset();
+    if (m_eventEditor)
+        m_eventEditor->openEventEditor(std::nullopt);
+}
+
+QCoro::Task<> AppState::openEditEvent(CalendarEvent event)
+{
+    const QPointer<AppState> self(this);
+    auto found = co_await m_eventStore.eventWithIdentifier(event.id, event.startDate);
+    if (!self || !found)
+        co_return;
+    m_editingEvent = std::move(found);
+    if (m_eventEditor)
+        m_eventEditor->openEventEditor(m_editingEvent);
 }
 
 QCoro::Task<> AppState::saveEvent(std::optional<EKEvent> ekEvent, EventDraft draft, EKSpan span)
@@ -91,12 +119,29 @@ QCoro::Task<> AppState::saveEvent(std::optional<EKEvent> ekEvent, EventDraft dra
         co_return;
     event.setRecurrenceRules(
         draft.recurrenceRule ? std::vector { *draft.recurrenceRule } : std::vector<EKRecurrenceRule>());
-    event.setAlarms(draft.alertOffset ? std::vector { EKAlarm { {}, *draft.alertOffset } } : std::vector<EKAlarm>());
+    event.setAlarms(draft.alarm ? std::vector { *draft.alarm } : std::vector<EKAlarm>());
     co_await m_eventStore.save(event, span);
     if (!self)
         co_return;
     m_logger.info(QStringLiteral("Event saved successfully"));
     co_await refreshAll();
+}
+
+void AppState::keepRejectedDraft(const std::optional<EKEvent> &ekEvent, const EventDraft &draft)
+{
+    m_rejectedDrafts.insert_or_assign(draftKey(ekEvent), RejectedDraft { ekEvent, draft });
+}
+
+std::optional<EventDraft> AppState::takeRejectedDraft(const std::optional<EKEvent> &ekEvent)
+{
+    const auto kept = m_rejectedDrafts.extract(draftKey(ekEvent));
+    if (kept.empty())
+        return std::nullopt;
+    const auto &[event, draft] = kept.mapped();
+    // What others changed in the event meanwhile is not put back.
+    if (ekEvent && event)
+        return EventDraft::fromEvent(*ekEvent).withEdits(EventDraft::fromEvent(*event), draft);
+    return draft;
 }
 
 } // namespace mintaro

@@ -18,6 +18,7 @@ AppState::AppState(const Dependencies &dependencies)
     : m_environment(dependencies.environment)
     , m_defaults(dependencies.defaults)
     , m_workspace(dependencies.workspace)
+    , m_eventEditor(dependencies.eventEditor)
     , m_selectedDate(m_environment.now())
     , m_monthDate(m_environment.now())
     , m_today(m_environment.now())
@@ -180,7 +181,17 @@ void AppState::generateMonth()
 void AppState::setPopoverVisible(bool isVisible)
 {
     m_isPopoverVisible = isVisible;
+    if (!isVisible)
+        dismissQuestions();
     followToday();
+}
+
+void AppState::dismissQuestions()
+{
+    setShowingDeleteConfirmation(false);
+    setShowingSpanPicker(false);
+    setPendingDeleteEvent(std::nullopt);
+    setErrorMessage({});
 }
 
 void AppState::followToday()

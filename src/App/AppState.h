@@ -1,5 +1,6 @@
 #pragma once
 
+#include "App/EventEditorOpener.h"
 #include "Models/CountdownFormat.h"
 #include "Models/EventDraft.h"
 #include "Platform/Foundation/Logger.h"
@@ -14,6 +15,8 @@
 
 #include <QObject>
 #include <QSet>
+
+#include <map>
 
 namespace mintaro {
 
@@ -43,6 +46,8 @@ public:
         UserDefaults &defaults;
         Environment &environment;
         Workspace &workspace;
+        /// Null where there is none, as in a program without windows.
+        EventEditorOpener *eventEditor = nullptr;
         LogSink log = writeToSystemLog;
     };
 
@@ -68,14 +73,19 @@ public:
     void setShowingDeleteConfirmation(bool isShowing);
     [[nodiscard]] bool isShowingSpanPicker() const { return m_isShowingSpanPicker; }
     void setShowingSpanPicker(bool isShowing);
+    /// What the editor was last opened on; absent for a new event.
+    [[nodiscard]] const std::optional<EKEvent> &editingEvent() const { return m_editingEvent; }
     /// Why an action of the user's failed, in words for them; empty when there is nothing to tell.
     [[nodiscard]] const QString &errorMessage() const { return m_errorMessage; }
     void setErrorMessage(const QString &message);
+    /// Logs why an action of the user's failed, and makes it the error message.
+    void tellOfFailure(const QString &message);
     /// The 14 days from the selected one as far as they were fetched, each with its events and dated reminders;
     /// computed at each call.
     [[nodiscard]] std::vector<DayEvents> agendaEvents() const;
 
     [[nodiscard]] CalendarViewModel *calendarVM() { return &m_calendarVM; }
+    [[nodiscard]] EventStoreService &eventStore() { return m_eventStore; }
     [[nodiscard]] EventsViewModel &eventsVM() { return m_eventsVM; }
     [[nodiscard]] RemindersViewModel &remindersVM() { return m_remindersVM; }
     [[nodiscard]] SearchViewModel *searchVM() { return &m_searchVM; }
@@ -106,7 +116,7 @@ public:
     [[nodiscard]] std::vector<CalendarEvent> upcomingEvents() const;
 
     /// While the popover shows, a new day leaves the selection alone; while it does not, what showed the old today
-    /// moves on to the new one.
+    /// moves on to the new one. What it asks or tells the user goes with it.
     void setPopoverVisible(bool isVisible);
 
     // Actions
@@ -120,9 +130,17 @@ public:
     /// Deletes the occurrence that `event` shows, and with EKSpan::FutureEvents those after it. One that is gone is
     /// passed over; what the store refuses becomes the error message. pendingDeleteEvent is empty afterwards.
     QCoro::Task<> deleteEvent(CalendarEvent event, EKSpan span);
+    /// Opens the editor on a new event, also if another is being edited.
+    void openNewEvent();
+    /// Opens the editor on the occurrence that `event` shows, as it is now. One that is gone is passed over.
+    QCoro::Task<> openEditEvent(CalendarEvent event);
     /// Saves what the editor has: over `ekEvent`, or where that is absent as a new event. Throws EKError, and it is the
     /// editor that tells of it.
     QCoro::Task<> saveEvent(std::optional<EKEvent> ekEvent, EventDraft draft, EKSpan span);
+    /// Keeps what the store refused to save over `ekEvent`, or where that is absent as a new event, until it is taken.
+    void keepRejectedDraft(const std::optional<EKEvent> &ekEvent, const EventDraft &draft);
+    /// What was kept for that occurrence, or for a new event, and is kept no longer.
+    [[nodiscard]] std::optional<EventDraft> takeRejectedDraft(const std::optional<EKEvent> &ekEvent);
 
     // Preferences: read at each call, nothing is kept here.
 
@@ -164,6 +182,12 @@ Q_SIGNALS:
     void significantTimeChange();
 
 private:
+    struct RejectedDraft
+    {
+        std::optional<EKEvent> ekEvent;
+        EventDraft draft;
+    };
+
     [[nodiscard]] QSet<QString> selection(const QString &key) const;
     QCoro::Task<> loadEventsOnceGranted();
     QCoro::Task<> loadRemindersOnceGranted();
@@ -172,10 +196,12 @@ private:
     [[nodiscard]] QString countdown(const CalendarEvent &event) const;
     void onPreferenceChanged(const QString &key);
     void followToday();
+    void dismissQuestions();
 
     Environment &m_environment;
     UserDefaults &m_defaults;
     Workspace &m_workspace;
+    EventEditorOpener *const m_eventEditor;
     Date m_selectedDate;
     Date m_monthDate;
     /// The day that counted as today when the selection was last looked at.
@@ -186,6 +212,8 @@ private:
     std::optional<CalendarEvent> m_pendingDeleteEvent;
     bool m_isShowingDeleteConfirmation = false;
     bool m_isShowingSpanPicker = false;
+    std::optional<EKEvent> m_editingEvent;
+    std::map<std::pair<QString, Date>, RejectedDraft> m_rejectedDrafts;
     QString m_errorMessage;
     bool m_isWatchingStoreChanges = false;
     bool m_isPopoverVisible = false;

@@ -1,11 +1,6 @@
 #pragma once
 
-#include "Platform/EventKit/EKRecurrenceRule.h"
-#include "Platform/Foundation/Date.h"
-
-#include <QString>
-
-#include <optional>
+#include "Platform/EventKit/EKEvent.h"
 
 namespace mintaro {
 
@@ -24,8 +19,14 @@ struct EventDraft
     std::optional<QString> calendarID {};
     /// The only rule that the event has then, or none.
     std::optional<EKRecurrenceRule> recurrenceRule {};
-    /// The only alarm that the event has then, from its start on (negative: before it), or none.
-    std::optional<std::chrono::seconds> alertOffset {};
+    /// The only alarm that the event has then, or none.
+    std::optional<EKAlarm> alarm {};
+
+    /// What the event says, with the first of its rules and of its alarms. Saved as it is, it changes no more of the
+    /// event than that the others go.
+    [[nodiscard]] static EventDraft fromEvent(const EKEvent &event);
+    /// This draft with what differs between the two others taken from `edited`.
+    [[nodiscard]] EventDraft withEdits(const EventDraft &base, const EventDraft &edited) const;
 };
 
 } // namespace mintaro

@@ -109,6 +109,56 @@ TEST_F(EventActionsTest, RefusedDeletionIsToldAndRefreshesNothing)
     EXPECT_THAT(world.takeLog(), ElementsAre(u"error AppState: Failed to delete event: disk full"_qs));
 }
 
+TEST_F(EventActionsTest, OpensTheEditorOnTheOccurrenceThatWasPointedAtUnlessItIsGone)
+{
+    AppState &state = world.state();
+    const CalendarEvent second = event(u"daily"_qs, "2026-03-09 09:00");
+    QCoro::waitFor(state.openEditEvent(second));
+    ASSERT_EQ(world.eventEditor.opened.size(), 1U);
+    EXPECT_EQ(world.eventEditor.opened.back()->startDate(), second.startDate);
+    EXPECT_EQ(state.editingEvent()->startDate(), second.startDate);
+    state.openNewEvent();
+    ASSERT_EQ(world.eventEditor.opened.size(), 2U);
+    EXPECT_FALSE(world.eventEditor.opened.back() || state.editingEvent());
+
+    const CalendarEvent lunch = event(u"lunch"_qs, "2026-03-08 12:00");
+    QCoro::waitFor(state.deleteEvent(lunch, EKSpan::ThisEvent));
+    QCoro::waitFor(state.openEditEvent(lunch));
+    EXPECT_EQ(world.eventEditor.opened.size(), 2U);
+}
+
+TEST_F(EventActionsTest, KeepsARefusedDraftForItsEventOnceAndOnlyWhatTheUserChanged)
+{
+    AppState &state = world.state();
+    const EKEvent lunch = event(u"lunch"_qs, "2026-03-08 12:00").ekEvent;
+    EventDraft edited = EventDraft::fromEvent(lunch);
+    edited.title = u"brunch"_qs;
+    state.keepRejectedDraft(lunch, edited);
+    state.keepRejectedDraft({}, { .title = u"new"_qs });
+
+    world.addEvent("work", "lunch", during("20260308T120000Z", "20260308T130000Z") + "\nLOCATION:bar");
+    world.tellOfChange();
+    QCoro::waitFor(state.refreshAll());
+    EXPECT_FALSE(state.takeRejectedDraft(event(u"daily"_qs, "2026-03-08 09:00").ekEvent));
+    const auto restored = state.takeRejectedDraft(event(u"lunch"_qs, "2026-03-08 12:00").ekEvent);
+    ASSERT_TRUE(restored);
+    EXPECT_EQ(restored->title, u"brunch"_qs);
+    EXPECT_EQ(restored->location, u"bar"_qs);
+    EXPECT_FALSE(state.takeRejectedDraft(lunch));
+    EXPECT_EQ(state.takeRejectedDraft({})->title, u"new"_qs);
+}
+
+TEST_F(EventActionsTest, ClosingThePopoverTakesItsQuestionsAlong)
+{
+    AppState &state = world.state();
+    state.setPopoverVisible(true);
+    state.requestDeleteEvent(event(u"lunch"_qs, "2026-03-08 12:00"));
+    state.tellOfFailure(u"no"_qs);
+    state.setPopoverVisible(false);
+    EXPECT_FALSE(state.isShowingDeleteConfirmation() || state.pendingDeleteEvent());
+    EXPECT_EQ(state.errorMessage(), QString());
+}
+
 TEST_F(EventActionsTest, SavesANewEventWhole)
 {
     const EventDraft trip { .title = u"Trip"_qs,
@@ -117,7 +167,7 @@ TEST_F(EventActionsTest, SavesANewEventWhole)
         .isAllDay = true,
         .location = u"Ostia"_qs,
         .recurrenceRule = EKRecurrenceRule { "FREQ=WEEKLY;COUNT=2" },
-        .alertOffset = -std::chrono::hours { 1 } };
+        .alarm = EKAlarm { {}, -std::chrono::hours { 1 } } };
     EXPECT_EQ(saveEvent({}, trip), QString());
     EXPECT_THAT(world.takeLog(),
         ElementsAre(u"info EventStore: Event saved: Trip"_qs, u"info AppState: Event saved successfully"_qs));

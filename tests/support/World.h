@@ -45,6 +45,14 @@ public:
     [[nodiscard]] QCoro::Task<bool> hasHandler(QString scheme) override { co_return schemes.contains(scheme); }
 };
 
+/// Keeps what it was asked to open.
+class FakeEventEditor final : public EventEditorOpener
+{
+public:
+    std::vector<std::optional<EKEvent>> opened;
+    void openEventEditor(const std::optional<EKEvent> &existingEvent) override { opened.push_back(existingEvent); }
+};
+
 /// What the store refuses a task with; empty where it does not. (QCoro::waitFor never comes back from a task that
 /// throws.)
 inline QCoro::Task<QString> refusal(QCoro::Task<> task)
@@ -90,8 +98,8 @@ struct World
     AppState &state()
     {
         if (!m_state)
-            m_state = std::make_unique<AppState>(
-                AppState::Dependencies { database, notifications, defaults, environment, workspace, log });
+            m_state = std::make_unique<AppState>(AppState::Dependencies {
+                database, notifications, defaults, environment, workspace, &eventEditor, log });
         return *m_state;
     }
 
@@ -122,6 +130,7 @@ struct World
     UserDefaults defaults;
     NotificationCenter notifications;
     FakeWorkspace workspace;
+    FakeEventEditor eventEditor;
     MemoryBackend *backend = nullptr;
     std::shared_ptr<CalendarDatabase> database;
 
