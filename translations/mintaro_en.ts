@@ -187,5 +187,53 @@
         <source>accessibility.chooseDay %@</source>
         <translation>%1, choose a day</translation>
     </message>
+    <message id="New Event">
+        <source>New Event</source>
+        <translation>New Event</translation>
+    </message>
+    <message id="New Event (⌘N)">
+        <source>New Event (⌘N)</source>
+        <translation>New Event (Ctrl+N)</translation>
+    </message>
+    <message id="Quit Mintaro (⌘Q)">
+        <source>Quit Mintaro (⌘Q)</source>
+        <translation>Quit Mintaro (Ctrl+Q)</translation>
+    </message>
+    <message id="Edit Event">
+        <source>Edit Event</source>
+        <translation>Edit Event</translation>
+    </message>
+    <message id="Delete Event">
+        <source>Delete Event</source>
+        <translation>Delete Event</translation>
+    </message>
+    <message id="Delete Event?">
+        <source>Delete Event?</source>
+        <translation>Delete Event?</translation>
+    </message>
+    <message id="Are you sure you want to delete &quot;%@&quot;?">
+        <source>Are you sure you want to delete "%@"?</source>
+        <translation>Are you sure you want to delete "%1"?</translation>
+    </message>
+    <message id="Delete">
+        <source>Delete</source>
+        <translation>Delete</translation>
+    </message>
+    <message id="Cancel">
+        <source>Cancel</source>
+        <translation>Cancel</translation>
+    </message>
+    <message id="Error">
+        <source>Error</source>
+        <translation>Error</translation>
+    </message>
+    <message id="OK">
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message id="Agenda">
+        <source>Agenda</source>
+        <translation>Agenda</translation>
+    </message>
 </context>
 </TS>

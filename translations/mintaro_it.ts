@@ -187,5 +187,53 @@
         <source>accessibility.chooseDay %@</source>
         <translation>%1, scegli un giorno</translation>
     </message>
+    <message id="New Event">
+        <source>New Event</source>
+        <translation>Nuovo evento</translation>
+    </message>
+    <message id="New Event (⌘N)">
+        <source>New Event (⌘N)</source>
+        <translation>Nuovo evento (Ctrl+N)</translation>
+    </message>
+    <message id="Quit Mintaro (⌘Q)">
+        <source>Quit Mintaro (⌘Q)</source>
+        <translation>Esci da Mintaro (Ctrl+Q)</translation>
+    </message>
+    <message id="Edit Event">
+        <source>Edit Event</source>
+        <translation>Modifica evento</translation>
+    </message>
+    <message id="Delete Event">
+        <source>Delete Event</source>
+        <translation>Elimina evento</translation>
+    </message>
+    <message id="Delete Event?">
+        <source>Delete Event?</source>
+        <translation>Eliminare l’evento?</translation>
+    </message>
+    <message id="Are you sure you want to delete &quot;%@&quot;?">
+        <source>Are you sure you want to delete "%@"?</source>
+        <translation>Vuoi davvero eliminare "%1"?</translation>
+    </message>
+    <message id="Delete">
+        <source>Delete</source>
+        <translation>Elimina</translation>
+    </message>
+    <message id="Cancel">
+        <source>Cancel</source>
+        <translation>Annulla</translation>
+    </message>
+    <message id="Error">
+        <source>Error</source>
+        <translation>Errore</translation>
+    </message>
+    <message id="OK">
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message id="Agenda">
+        <source>Agenda</source>
+        <translation>Agenda</translation>
+    </message>
 </context>
 </TS>

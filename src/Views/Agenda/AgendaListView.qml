@@ -21,6 +21,18 @@ Item {
         clip: true
         visible: controller.state === AgendaListViewController.List
         boundsBehavior: Flickable.StopAtBounds
+        activeFocusOnTab: true
+        Accessible.role: Accessible.List
+        Accessible.name: qsTrId("Agenda")
+        Keys.onUpPressed: list.step(-1)
+        Keys.onDownPressed: list.step(1)
+        Keys.onMenuPressed: list.openMenuOfCurrent()
+        Keys.onPressed: event => {
+            event.accepted = event.key === Qt.Key_F10 && event.modifiers === Qt.ShiftModifier;
+            if (event.accepted)
+                list.openMenuOfCurrent();
+        }
+        onActiveFocusChanged: if (list.activeFocus) list.step(0)
         model: controller
         delegate: DelegateChooser {
             role: "kind"
@@ -41,17 +53,43 @@ Item {
                     required property bool isPast
                     width: list.width
                     opacity: eventRow.isPast ? Theme.pastOpacity : 1
+                    isCurrent: eventRow.ListView.isCurrentItem && list.activeFocus
                     onJoinRequested: controller.joinMeeting(eventRow.index)
+                    onMenuRequested: where => list.openMenu(eventRow.index, eventRow, where)
                 }
             }
             DelegateChoice {
                 roleValue: AgendaListViewController.Reminder
 
                 ReminderAgendaRow {
+                    id: reminderRow
                     width: list.width
+                    isCurrent: reminderRow.ListView.isCurrentItem && list.activeFocus
                 }
             }
         }
+
+        /// To the next row that is no heading in that direction; 0: the present one, or the first after it.
+        function step(by: int) {
+            const row = controller.nextItem(list.currentIndex, by);
+            if (row >= 0)
+                list.currentIndex = row;
+        }
+
+        function openMenu(row: int, item: Item, where: point) {
+            list.currentIndex = row;
+            if (controller.prepareMenu(row))
+                menu.popup(item, where.x, where.y);
+        }
+
+        function openMenuOfCurrent() {
+            if (list.currentItem)
+                list.openMenu(list.currentIndex, list.currentItem, Qt.point(Theme.margin, list.currentItem.height));
+        }
+    }
+    ContextMenu {
+        id: menu
+        entries: controller.menu
     }
     // Rows that go on below fade out rather than end in the middle of a letter.
     Rectangle {

@@ -4,6 +4,17 @@
 
 namespace mintaro {
 
+namespace {
+
+/// What tells one row from another over refreshes.
+QString itemKey(const CalendarEvent &event, Date day, const Calendar &calendar)
+{
+    return dateKey(day, calendar) + u'/' + event.id + u'/'
+        + QString::number(event.startDate.time_since_epoch().count());
+}
+
+} // namespace
+
 void AgendaListViewController::setAppState(AppState *appState)
 {
     m_appState = appState;
@@ -65,8 +76,7 @@ AgendaListViewController::Row AgendaListViewController::itemRow(
 {
     const Environment &environment = m_appState->environment();
     Row row;
-    row.key
-        = dateKey(day, calendar) + u'/' + event.id + u'/' + QString::number(event.startDate.time_since_epoch().count());
+    row.key = itemKey(event, day, calendar);
     row.kind = event.isReminder ? Reminder : Event;
     row.title = event.title;
     row.color = event.calendarColor;
@@ -117,6 +127,58 @@ void AgendaListViewController::joinMeeting(int row)
         return;
     if (const auto &meeting = m_rows[static_cast<std::size_t>(row)].meetingInfo)
         m_appState->openMeeting(*meeting);
+}
+
+std::optional<CalendarEvent> AgendaListViewController::eventAt(int row) const
+{
+    if (!index(row).isValid())
+        return std::nullopt;
+    const QString &key = m_rows[static_cast<std::size_t>(row)].key;
+    const Calendar calendar = m_appState->environment().calendar();
+    for (const DayEvents &day : m_appState->agendaEvents()) {
+        for (const CalendarEvent &event : day.events) {
+            if (itemKey(event, day.date, calendar) == key)
+                return event;
+        }
+    }
+    return std::nullopt;
+}
+
+bool AgendaListViewController::prepareMenu(int row)
+{
+    const auto event = eventAt(row);
+    auto items = event ? menuItems(*event) : std::vector<MenuItem>();
+    const bool isFilled = !items.empty();
+    m_menu.setItems(std::move(items));
+    return isFilled;
+}
+
+std::vector<MenuItem> AgendaListViewController::menuItems(const CalendarEvent &event) const
+{
+    std::vector<MenuItem> items;
+    const EKCalendarRef &calendar = event.ekEvent.calendar();
+    const bool isWritable = !event.isReminder && calendar && calendar->allowsContentModifications;
+    if (isWritable) {
+        items.push_back({ .title = qtTrId("Edit Event"), .symbol = QStringLiteral("pencil"), .action = [this, event] {
+                             m_appState->openEditEvent(event);
+                         } });
+        items.push_back(MenuItem::separator());
+        items.push_back({ .title = qtTrId("Delete Event"),
+            .symbol = QStringLiteral("trash"),
+            .isDestructive = true,
+            .action = [this, event] { m_appState->requestDeleteEvent(event); } });
+    }
+    return items;
+}
+
+int AgendaListViewController::nextItem(int row, int by) const
+{
+    const int count = rowCount();
+    for (int i = std::max(0, row) + by; i >= 0 && i < count; i += by == 0 ? 1 : by) {
+        if (m_rows[static_cast<std::size_t>(i)].kind != DaySection)
+            return i;
+    }
+    return -1;
 }
 
 void AgendaListViewController::openPrivacySettings()

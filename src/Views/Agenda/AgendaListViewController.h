@@ -2,6 +2,7 @@
 
 #include "App/AppState.h"
 #include "Platform/Foundation/DateFormatter.h"
+#include "Views/Components/ContextMenuModel.h"
 
 #include <QAbstractListModel>
 #include <QtQml/qqmlregistration.h>
@@ -16,6 +17,7 @@ class AgendaListViewController : public QAbstractListModel
     QML_ELEMENT
     Q_PROPERTY(mintaro::AppState *appState READ appState WRITE setAppState REQUIRED)
     Q_PROPERTY(State state READ state NOTIFY stateChanged)
+    Q_PROPERTY(mintaro::ContextMenuModel *menu READ menu CONSTANT)
 
 public:
     enum State { NoAccess, Empty, List };
@@ -45,6 +47,12 @@ public:
 
     /// Opens the meeting of the event in that row.
     Q_INVOKABLE void joinMeeting(int row);
+    [[nodiscard]] ContextMenuModel *menu() { return &m_menu; }
+    /// Fills the menu with what can be done to that row; false where there is nothing.
+    Q_INVOKABLE bool prepareMenu(int row);
+    /// The nearest row after `row` (by 1) or before it (by -1) that is no heading; by 0 the row itself where it is
+    /// none, else the next. -1 where there is none.
+    Q_INVOKABLE [[nodiscard]] int nextItem(int row, int by) const;
     /// Opens what grants access to the calendars here.
     Q_INVOKABLE void openPrivacySettings();
 
@@ -58,7 +66,6 @@ Q_SIGNALS:
 private:
     struct Row
     {
-        /// What tells one row from another over refreshes.
         QString key;
         Kind kind = DaySection;
         QString title;
@@ -78,11 +85,14 @@ private:
     [[nodiscard]] Row headerRow(Date day, const Calendar &calendar) const;
     [[nodiscard]] Row itemRow(const CalendarEvent &event, Date day, const Calendar &calendar) const;
     [[nodiscard]] QString accessibleName(const Row &row) const;
+    [[nodiscard]] std::optional<CalendarEvent> eventAt(int row) const;
+    [[nodiscard]] std::vector<MenuItem> menuItems(const CalendarEvent &event) const;
     void replaceRows(std::vector<Row> rows);
 
     AppState *m_appState = nullptr;
     std::optional<DateFormatter> m_dayFormat;
     std::vector<Row> m_rows;
+    ContextMenuModel m_menu;
     State m_state = NoAccess;
 };
 

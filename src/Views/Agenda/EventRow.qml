@@ -12,15 +12,28 @@ Item {
     required property string service
     required property string serviceSymbol
     required property string accessibleName
+    /// The keyboard is on this row.
+    property bool isCurrent: false
 
     readonly property bool hasMeeting: root.service !== ""
 
     signal joinRequested
+    /// At that point of the row.
+    signal menuRequested(point where)
 
     implicitHeight: content.implicitHeight + 8
     Accessible.role: Accessible.ListItem
     Accessible.name: root.accessibleName
+    Accessible.focused: root.isCurrent
 
+    FocusRing {
+        shown: root.isCurrent
+        gap: -2
+    }
+    TapHandler {
+        acceptedButtons: Qt.RightButton
+        onTapped: eventPoint => root.menuRequested(eventPoint.position)
+    }
     Rectangle {
         id: bar
         anchors { left: parent.left; leftMargin: Theme.margin; top: content.top; bottom: content.bottom }

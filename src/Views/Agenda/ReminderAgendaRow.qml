@@ -9,11 +9,18 @@ Item {
     required property color calendarColor
     required property bool isCompleted
     required property string accessibleName
+    /// The keyboard is on this row.
+    property bool isCurrent: false
 
     implicitHeight: Math.max(mark.height, label.implicitHeight) + 8
     Accessible.role: Accessible.ListItem
     Accessible.name: root.accessibleName
+    Accessible.focused: root.isCurrent
 
+    FocusRing {
+        shown: root.isCurrent
+        gap: -2
+    }
     Symbol {
         id: mark
         anchors { left: parent.left; leftMargin: Theme.margin; verticalCenter: parent.verticalCenter }

@@ -11,8 +11,6 @@ Item {
 
     readonly property real weekNumberWidth: controller.showWeekNumbers ? Theme.weekNumberWidth : 0
     readonly property real columnWidth: (root.width - root.weekNumberWidth) / 7
-    /// Rows take what the agenda leaves, and never less than a cell needs.
-    readonly property real rowHeight: Math.max(Theme.cellHeight, Math.floor((root.height - header.height - 4 - 5 * 2) / 6))
 
     implicitHeight: header.height + 4 + 6 * Theme.cellHeight + 5 * 2
 
@@ -80,7 +78,7 @@ Item {
                     id: week
                     required property int modelData
                     width: Theme.weekNumberWidth
-                    height: root.rowHeight
+                    height: Theme.cellHeight
 
                     // On one line with the days' numbers, which leave room for dots below them.
                     Text {
@@ -104,7 +102,7 @@ Item {
 
                 CalendarDayCell {
                     width: root.columnWidth
-                    height: root.rowHeight
+                    height: Theme.cellHeight
                     onClicked: controller.selectDay(index)
                 }
             }

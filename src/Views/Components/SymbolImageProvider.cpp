@@ -27,9 +27,13 @@ const QHash<QString, QString> &symbolFiles()
         { QStringLiteral("link"), QStringLiteral("link-45deg") },
         { QStringLiteral("lock.shield"), QStringLiteral("shield-lock") },
         { QStringLiteral("mappin"), QStringLiteral("geo-alt") },
+        { QStringLiteral("pencil"), QStringLiteral("pencil") },
         { QStringLiteral("person.3.fill"), QStringLiteral("people-fill") },
         { QStringLiteral("phone.fill"), QStringLiteral("telephone-fill") },
         { QStringLiteral("play.rectangle.fill"), QStringLiteral("play-btn-fill") },
+        { QStringLiteral("plus"), QStringLiteral("plus-lg") },
+        { QStringLiteral("power"), QStringLiteral("power") },
+        { QStringLiteral("trash"), QStringLiteral("trash") },
         { QStringLiteral("video.fill"), QStringLiteral("camera-video-fill") },
     };
     return files;

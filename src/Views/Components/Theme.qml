@@ -33,6 +33,8 @@ QtObject {
     readonly property color shadow: Qt.rgba(0, 0, 0, root.dark ? 0.12 : 0.04)
     readonly property color selectionGround: Qt.rgba(root.accentFill.r, root.accentFill.g, root.accentFill.b, root.dark ? 0.45 : 0.25)
     readonly property color sectionBand: root.ink(root.dark ? 0.05 : 0.03)
+    /// Over what has to wait for a sheet.
+    readonly property color veil: Qt.rgba(0, 0, 0, root.dark ? 0.45 : 0.20)
     readonly property color hover: root.ink(root.dark ? 0.08 : 0.06)
     readonly property color press: root.ink(root.dark ? 0.15 : 0.11)
 
@@ -49,7 +51,6 @@ QtObject {
     readonly property font caption2: Qt.font({ family: root.family, pixelSize: 10, weight: Font.Medium })
 
     // Measures, in points
-    readonly property int agendaHeight: 200
     readonly property int fadeHeight: 14
     readonly property int margin: 12
     readonly property int gridMargin: 8

@@ -11,14 +11,14 @@ FocusScope {
     height: ThemeController.popoverSize.height
     focus: true
 
-    Rectangle {
-        anchors.fill: parent
-        radius: Theme.cornerRadius
-        color: Theme.background
-        border.width: Theme.borderWidth
-        border.color: Theme.border
+    MainPopoverViewController {
+        id: controller
+        appState: root.appState
     }
 
+    CardGround {
+        anchors.fill: parent
+    }
     MonthNavigationBar {
         id: bar
         appState: root.appState
@@ -27,18 +27,56 @@ FocusScope {
     CalendarGridView {
         id: grid
         appState: root.appState
-        anchors { left: parent.left; right: parent.right; top: bar.bottom; bottom: divider.top; leftMargin: Theme.gridMargin; rightMargin: Theme.gridMargin; bottomMargin: 2 }
+        anchors { left: parent.left; right: parent.right; top: bar.bottom; leftMargin: Theme.gridMargin; rightMargin: Theme.gridMargin }
     }
-    Rectangle {
+    Divider {
         id: divider
-        anchors { left: parent.left; right: parent.right; bottom: agenda.top; leftMargin: Theme.gridMargin; rightMargin: Theme.gridMargin }
-        height: 1
-        color: Theme.separator
+        anchors { top: grid.bottom; topMargin: 2 }
     }
     AgendaListView {
-        id: agenda
         appState: root.appState
-        anchors { left: parent.left; right: parent.right; bottom: parent.bottom; leftMargin: Theme.borderWidth; rightMargin: Theme.borderWidth; bottomMargin: Theme.cornerRadius }
-        height: Theme.agendaHeight
+        anchors { left: parent.left; right: parent.right; top: divider.bottom; bottom: toolbarDivider.top; leftMargin: Theme.borderWidth; rightMargin: Theme.borderWidth }
+    }
+    Divider {
+        id: toolbarDivider
+        anchors { bottom: toolbar.top }
+    }
+    BottomToolbar {
+        id: toolbar
+        appState: root.appState
+        anchors { left: parent.left; right: parent.right; bottom: parent.bottom }
+    }
+
+    AlertSheet {
+        visible: root.appState.isShowingDeleteConfirmation
+        title: qsTrId("Delete Event?")
+        message: controller.deleteMessage
+        confirmText: qsTrId("Delete")
+        cancelText: qsTrId("Cancel")
+        destructive: true
+        onConfirmed: controller.deletePending(EKSpan.ThisEvent)
+        onClosed: controller.cancelDelete()
+    }
+    Sheet {
+        visible: root.appState.isShowingSpanPicker
+        contentItem: RecurrenceSpanPicker {
+            focus: true
+            onSelected: span => controller.deletePending(span)
+        }
+        onClosed: controller.cancelDelete()
+    }
+    AlertSheet {
+        visible: root.appState.errorMessage !== ""
+        title: qsTrId("Error")
+        message: root.appState.errorMessage
+        confirmText: qsTrId("OK")
+        onConfirmed: controller.dismissError()
+        onClosed: controller.dismissError()
+    }
+
+    component Divider: Rectangle {
+        anchors { left: parent ? parent.left : undefined; right: parent ? parent.right : undefined; leftMargin: Theme.gridMargin; rightMargin: Theme.gridMargin }
+        height: 1
+        color: Theme.separator
     }
 }

@@ -1,0 +1,32 @@
+import QtQuick
+import QtQuick.Templates as T
+
+import Mintaro
+
+/// Something to be answered before all else in the card that is its parent. Escape closes it; the keyboard goes back to
+/// where it was.
+T.Popup {
+    id: root
+
+    readonly property Rectangle veil: Rectangle {
+        parent: root.parent
+        anchors.fill: parent
+        visible: root.visible
+        radius: Theme.cornerRadius
+        color: Theme.veil
+    }
+
+    anchors.centerIn: parent
+    implicitWidth: contentWidth + leftPadding + rightPadding
+    implicitHeight: contentHeight + topPadding + bottomPadding
+    padding: 0
+    focus: true
+    modal: true
+    // The window's own would lie over the card's shadow too.
+    dim: false
+    closePolicy: T.Popup.CloseOnEscape
+
+    background: FloatingGround {
+        radius: Theme.groupRadius
+    }
+}

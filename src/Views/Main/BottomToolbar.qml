@@ -1,0 +1,58 @@
+import QtQuick
+
+import Mintaro
+
+/// The popover's last row.
+Item {
+    id: root
+
+    required property AppState appState
+
+    implicitHeight: newEvent.implicitHeight + 2 * (8 - newEvent.padding)
+
+    BottomToolbarController {
+        id: controller
+        appState: root.appState
+    }
+
+    ToolButton {
+        id: newEvent
+        anchors { left: parent.left; leftMargin: Theme.margin - padding; verticalCenter: parent.verticalCenter }
+        accessibleName: qsTrId("New Event")
+        toolTip: qsTrId("New Event (⌘N)")
+        symbol: "plus"
+        shortcut: "Ctrl+N"
+        onClicked: controller.openNewEvent()
+    }
+    ToolButton {
+        anchors { right: parent.right; rightMargin: Theme.margin - padding; verticalCenter: parent.verticalCenter }
+        accessibleName: qsTrId("Quit")
+        toolTip: qsTrId("Quit Mintaro (⌘Q)")
+        symbol: "power"
+        shortcut: "Ctrl+Q"
+        onClicked: controller.quit()
+    }
+
+    component ToolButton: PlainButton {
+        id: button
+
+        required property string symbol
+        required property string toolTip
+        required property string shortcut
+
+        padding: 5
+        contentItem: Symbol {
+            name: button.symbol
+            size: 16
+        }
+
+        Shortcut {
+            sequence: button.shortcut
+            onActivated: button.clicked()
+        }
+        ToolTipText {
+            text: button.toolTip
+            shown: button.hovered || button.visualFocus
+        }
+    }
+}

@@ -1,0 +1,17 @@
+#include "Views/Main/BottomToolbarController.h"
+
+#include <QCoreApplication>
+
+namespace mintaro {
+
+void BottomToolbarController::openNewEvent()
+{
+    m_appState->openNewEvent();
+}
+
+void BottomToolbarController::quit()
+{
+    QCoreApplication::quit();
+}
+
+} // namespace mintaro
