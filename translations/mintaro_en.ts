@@ -231,6 +231,38 @@
         <source>OK</source>
         <translation>OK</translation>
     </message>
+    <message id="Close">
+        <source>Close</source>
+        <translation>Close</translation>
+    </message>
+    <message id="Save">
+        <source>Save</source>
+        <translation>Save</translation>
+    </message>
+    <message id="Start">
+        <source>Start</source>
+        <translation>Start</translation>
+    </message>
+    <message id="End">
+        <source>End</source>
+        <translation>End</translation>
+    </message>
+    <message id="Location">
+        <source>Location</source>
+        <translation>Location</translation>
+    </message>
+    <message id="Notes">
+        <source>Notes</source>
+        <translation>Notes</translation>
+    </message>
+    <message id="editor.restored">
+        <source>editor.restored</source>
+        <translation>This is what could not be saved.</translation>
+    </message>
+    <message id="Discard">
+        <source>Discard</source>
+        <translation>Discard</translation>
+    </message>
     <message id="Agenda">
         <source>Agenda</source>
         <translation>Agenda</translation>

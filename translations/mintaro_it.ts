@@ -231,6 +231,38 @@
         <source>OK</source>
         <translation>OK</translation>
     </message>
+    <message id="Close">
+        <source>Close</source>
+        <translation>Chiudi</translation>
+    </message>
+    <message id="Save">
+        <source>Save</source>
+        <translation>Salva</translation>
+    </message>
+    <message id="Start">
+        <source>Start</source>
+        <translation>Inizio</translation>
+    </message>
+    <message id="End">
+        <source>End</source>
+        <translation>Fine</translation>
+    </message>
+    <message id="Location">
+        <source>Location</source>
+        <translation>Luogo</translation>
+    </message>
+    <message id="Notes">
+        <source>Notes</source>
+        <translation>Note</translation>
+    </message>
+    <message id="editor.restored">
+        <source>editor.restored</source>
+        <translation>Questo non è stato salvato.</translation>
+    </message>
+    <message id="Discard">
+        <source>Discard</source>
+        <translation>Scarta</translation>
+    </message>
     <message id="Agenda">
         <source>Agenda</source>
         <translation>Agenda</translation>

@@ -1,6 +1,7 @@
 #include "Views/ViewEngine.h"
 
 #include "Views/Components/SymbolImageProvider.h"
+#include "Views/EventEditor/EventEditorViewController.h"
 
 #include <QQmlComponent>
 #include <QQuickWindow>
@@ -32,6 +33,12 @@ std::unique_ptr<QQuickItem> ViewEngine::makeMainPopoverView()
 std::unique_ptr<QQuickItem> ViewEngine::makeMenuBarLabel()
 {
     return make(QStringLiteral("Main/MenuBarLabel"), { { QStringLiteral("label"), QVariant::fromValue(&m_label) } });
+}
+
+std::unique_ptr<QQuickItem> ViewEngine::makeEventEditorView(EventEditorViewController &controller)
+{
+    return make(QStringLiteral("EventEditor/EventEditorView"),
+        { { QStringLiteral("controller"), QVariant::fromValue(&controller) } });
 }
 
 std::unique_ptr<QQuickItem> ViewEngine::make(const QString &view, const QVariantMap &properties)

@@ -10,6 +10,8 @@
 
 namespace mintaro {
 
+class EventEditorViewController;
+
 /// The QML engine with all that the views need, and a maker of the views that stand by themselves. For the main thread.
 class ViewEngine
 {
@@ -20,6 +22,8 @@ public:
     /// Never null: a view that does not load is a fault of the build and ends the program with the reason.
     [[nodiscard]] std::unique_ptr<QQuickItem> makeMainPopoverView();
     [[nodiscard]] std::unique_ptr<QQuickItem> makeMenuBarLabel();
+    /// `controller` must outlive the item.
+    [[nodiscard]] std::unique_ptr<QQuickItem> makeEventEditorView(EventEditorViewController &controller);
 
 private:
     [[nodiscard]] std::unique_ptr<QQuickItem> make(const QString &view, const QVariantMap &properties);

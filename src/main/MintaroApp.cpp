@@ -10,19 +10,12 @@ namespace {
 
 constexpr std::size_t kMostMeetingsInMenu = 3;
 
-MenuItem separator()
-{
-    MenuItem item;
-    item.isSeparator = true;
-    return item;
-}
-
 } // namespace
 
 MintaroApp::MintaroApp(const ContextOptions &options)
     : m_context(options)
     , m_workspace(AppContext::calendarConfigurationFolder())
-    , m_appState(m_context.dependencies(m_workspace))
+    , m_appState(m_context.dependencies(m_workspace, this))
     , m_label(m_appState)
 {
     connect(&m_label, &MenuBarLabel::changed, this, &MintaroApp::updateStatusItem);
@@ -34,6 +27,8 @@ MintaroApp::MintaroApp(const ContextOptions &options)
         [this](std::optional<QPoint> where) { popover().toggleAt(where); });
     connect(&m_appearance, &Appearance::changed, this, &MintaroApp::updateIconColor);
     connect(&m_statusItem, &StatusItem::hostChanged, this, &MintaroApp::onHostChanged);
+    // Later: an editor that is about to close would take the keyboard from the popover again.
+    connect(&m_appState, &AppState::errorMessageChanged, this, &MintaroApp::showError, Qt::QueuedConnection);
     connect(&m_appState, &AppState::monthDateChanged, this, [this] {
         if (m_popover && m_popover->isVisible())
             m_appState.refreshAll();
@@ -57,6 +52,19 @@ void MintaroApp::showPopover()
     popover().showAt(chipCenter());
 }
 
+void MintaroApp::openEventEditor(const std::optional<EKEvent> &existingEvent)
+{
+    if (!m_eventEditor)
+        m_eventEditor = std::make_unique<EventEditorPanel>(m_appState, views());
+    m_eventEditor->open(existingEvent);
+}
+
+void MintaroApp::showError()
+{
+    if (!m_appState.errorMessage().isEmpty() && !(m_popover && m_popover->isVisible()))
+        showPopover();
+}
+
 std::optional<QPoint> MintaroApp::chipCenter() const
 {
     return m_chip ? std::optional(m_chip->geometry().center()) : std::nullopt;
@@ -78,7 +86,7 @@ void MintaroApp::updateMenu()
 {
     std::vector<MenuItem> items;
     items.push_back({ .title = qtTrId("Show Calendar"), .action = [this] { showPopover(); } });
-    items.push_back(separator());
+    items.push_back(MenuItem::separator());
     for (const CalendarEvent &event : m_appState.upcomingEvents()) {
         if (!event.meetingInfo)
             continue;
@@ -89,7 +97,7 @@ void MintaroApp::updateMenu()
             break;
     }
     if (items.size() > 2)
-        items.push_back(separator());
+        items.push_back(MenuItem::separator());
     items.push_back({ .title = qtTrId("Quit"), .action = [] { QCoreApplication::quit(); } });
     m_statusItem.setMenu(std::move(items));
 }

@@ -6,6 +6,7 @@
 #include "Platform/AppKit/PanelChip.h"
 #include "Platform/AppKit/PopoverWindow.h"
 #include "Platform/AppKit/StatusItem.h"
+#include "Views/EventEditor/EventEditorPanel.h"
 #include "Views/Main/MenuBarLabel.h"
 #include "Views/ViewEngine.h"
 
@@ -13,7 +14,7 @@ namespace mintaro {
 
 /// The program: builds everything, wires it and owns it. There is no main window: the panel item with its popover is
 /// the application. The QML engine exists from the popover's first opening on.
-class MintaroApp : public QObject
+class MintaroApp : public QObject, private EventEditorOpener
 {
     Q_OBJECT
 
@@ -27,6 +28,8 @@ public:
     void showPopover();
 
 private:
+    void openEventEditor(const std::optional<EKEvent> &existingEvent) override;
+    void showError();
     void updateStatusItem();
     void updateIconColor();
     void updateMenu();
@@ -42,6 +45,7 @@ private:
     MenuBarLabel m_label;
     StatusItem m_statusItem;
     std::unique_ptr<ViewEngine> m_views;
+    std::unique_ptr<EventEditorPanel> m_eventEditor;
     std::unique_ptr<PopoverWindow> m_popover;
     std::unique_ptr<QQuickItem> m_popoverContent;
     std::unique_ptr<PanelChip> m_chip;

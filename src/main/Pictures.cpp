@@ -2,6 +2,7 @@
 
 #include "Platform/AppKit/Appearance.h"
 #include "Platform/AppKit/Workspace.h"
+#include "Views/EventEditor/EventEditorViewController.h"
 #include "Views/Main/MenuBarLabel.h"
 #include "Views/ViewEngine.h"
 
@@ -55,6 +56,8 @@ public:
         m_appState.selectDay(
             *calendar.dateByAdding(Calendar::Component::Day, kDaysToOtherSelection, m_context.environment().now()));
         save(*popover, QStringLiteral("popover-selected"));
+        drawQuestions(*popover);
+        drawEditors();
         m_context.defaults().setBool(true, QStringLiteral("ShowWeekNumbers"));
         select(QStringLiteral("nothing of that name"));
         save(*popover, QStringLiteral("popover-empty"));
@@ -64,6 +67,57 @@ public:
     }
 
 private:
+    void drawQuestions(QQuickItem &popover)
+    {
+        const CalendarEvent single = anEvent([](const EKEvent &event) { return !event.hasRecurrenceRules(); });
+        save(popover, QStringLiteral("popover-delete"), [&] { m_appState.requestDeleteEvent(single); });
+        m_appState.setShowingDeleteConfirmation(false);
+        save(popover, QStringLiteral("popover-error"), [&] {
+            m_appState.setErrorMessage(
+                QStringLiteral("Failed to save event: The calendar \"Home\" cannot be changed."));
+        });
+        m_appState.setErrorMessage({});
+    }
+
+    void drawEditors()
+    {
+        const CalendarEvent single = anEvent(
+            [](const EKEvent &event) { return !event.hasRecurrenceRules() && !event.isAllDay() && event.location(); });
+        const CalendarEvent series = anEvent(std::mem_fn(&EKEvent::hasRecurrenceRules));
+        const CalendarEvent wholeDays = anEvent(std::mem_fn(&EKEvent::isAllDay));
+        drawEditor("editor-new", {}, [](EventEditorViewController &editor) {
+            editor.setTitle(QStringLiteral("Pranzo con Anna tomorrow at Trattoria da Gino"));
+        });
+        drawEditor("editor-existing", single.ekEvent, [](EventEditorViewController &) {});
+        drawEditor("editor-series", series.ekEvent, std::mem_fn(&EventEditorViewController::handleSave));
+        drawEditor("editor-allday", wholeDays.ekEvent, [](EventEditorViewController &) {});
+        EventDraft draft = EventDraft::fromEvent(single.ekEvent);
+        draft.notes = QStringLiteral("1\n2\n3\n4\n5\n6\n7\n8").replace(u'\n', QStringLiteral(". Figures\n"));
+        m_appState.keepRejectedDraft(single.ekEvent, draft);
+        drawEditor("editor-longnotes", single.ekEvent, [](EventEditorViewController &) {});
+    }
+
+    void drawEditor(const char *name, const std::optional<EKEvent> &event,
+        const std::function<void(EventEditorViewController &)> &act)
+    {
+        EventEditorViewController editor(m_appState, event);
+        QCoro::waitFor(editor.loadData());
+        const auto view = m_views.makeEventEditorView(editor);
+        save(*view, QLatin1String(name), [&] { act(editor); });
+    }
+
+    /// The first event of the month that is like that.
+    [[nodiscard]] CalendarEvent anEvent(const std::function<bool(const EKEvent &)> &isLikeThat)
+    {
+        for (const DayEvents &day : m_appState.eventsVM().dayEvents()) {
+            for (const CalendarEvent &event : day.events) {
+                if (isLikeThat(event.ekEvent))
+                    return event;
+            }
+        }
+        throw std::runtime_error("the store has too few events for the pictures");
+    }
+
     /// Shows only the calendars and reminder lists of that identifier.
     void select(const QString &identifier)
     {
@@ -72,7 +126,9 @@ private:
         QCoro::waitFor(m_appState.refreshAll());
     }
 
-    void save(QQuickItem &item, const QString &name)
+    /// `act`: what the user does before the picture is taken.
+    void save(
+        QQuickItem &item, const QString &name, const std::function<void()> &act = [] {})
     {
         QQuickWindow window;
         window.setColor(m_look == QLatin1String("dark") ? QColor(0x5b6b7f) : QColor(0x8fa3b8));
@@ -80,6 +136,7 @@ private:
         item.setPosition({ kMarginAround, kMarginAround });
         const auto edge = [](double length) { return static_cast<int>(std::ceil(length)) + 2 * kMarginAround; };
         window.show();
+        act();
         // Layouts and animations that loading began are to have ended.
         settle();
         window.resize(edge(item.width()), edge(item.height()));

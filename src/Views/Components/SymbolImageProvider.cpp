@@ -35,6 +35,7 @@ const QHash<QString, QString> &symbolFiles()
         { QStringLiteral("power"), QStringLiteral("power") },
         { QStringLiteral("trash"), QStringLiteral("trash") },
         { QStringLiteral("video.fill"), QStringLiteral("camera-video-fill") },
+        { QStringLiteral("xmark"), QStringLiteral("x-lg") },
     };
     return files;
 }

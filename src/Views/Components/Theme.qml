@@ -51,6 +51,7 @@ QtObject {
     readonly property font caption2: Qt.font({ family: root.family, pixelSize: 10, weight: Font.Medium })
 
     // Measures, in points
+    readonly property int editorWidth: 320
     readonly property int fadeHeight: 14
     readonly property int margin: 12
     readonly property int gridMargin: 8
