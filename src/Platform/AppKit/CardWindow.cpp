@@ -1,6 +1,5 @@
 #include "Platform/AppKit/CardWindow.h"
 
-#include "Platform/AppKit/CardShadow.h"
 #include "Platform/AppKit/X11Window.h"
 
 #include <QPainterPath>
@@ -13,8 +12,6 @@ namespace mintaro {
 
 namespace {
 
-constexpr int kMargin = CardShadow::kMargin;
-
 QRegion roundedRegion(const QRect &rectangle, int radius)
 {
     QPainterPath path;
@@ -25,7 +22,7 @@ QRegion roundedRegion(const QRect &rectangle, int radius)
 } // namespace
 
 CardWindow::CardWindow(const QSize &cardSize, Qt::WindowFlags flags)
-    : m_card(QPoint(kMargin, kMargin), cardSize)
+    : m_card(QPoint(kShadowMargin, kShadowMargin), cardSize)
     , m_shadow(new CardShadow(kCornerRadius, contentItem()))
 {
     QSurfaceFormat withAlpha = format();
@@ -33,7 +30,7 @@ CardWindow::CardWindow(const QSize &cardSize, Qt::WindowFlags flags)
     setFormat(withAlpha);
     setColor(Qt::transparent);
     setFlags(flags | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint);
-    const QSize size = cardSize.grownBy({ kMargin, kMargin, kMargin, kMargin });
+    const QSize size = cardSize.grownBy({ kShadowMargin, kShadowMargin, kShadowMargin, kShadowMargin });
     setMinimumSize(size);
     setMaximumSize(size);
     resize(size);

@@ -1,12 +1,12 @@
 #pragma once
 
+#include "Platform/AppKit/CardShadow.h"
+
 #include <QQuickWindow>
 #include <QRect>
 #include <QSize>
 
 namespace mintaro {
-
-class CardShadow;
 
 /// A window without a frame of its own: a rounded card with a soft shadow around it, which the content fills. Where
 /// nobody blends windows it is cut to the card. Lives on the main thread.
@@ -17,6 +17,8 @@ class CardWindow : public QQuickWindow
 public:
     /// Of the card; the content draws its own background with it.
     static constexpr int kCornerRadius = 12;
+    /// What the window has around the card.
+    static constexpr int kShadowMargin = CardShadow::kMargin;
 
     /// Makes `item`, which stays the caller's, the card: resized to it, and given the keyboard if it is a focus scope.
     void setContent(QQuickItem *item);

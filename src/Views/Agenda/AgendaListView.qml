@@ -22,6 +22,7 @@ Item {
         visible: controller.state === AgendaListViewController.List
         boundsBehavior: Flickable.StopAtBounds
         activeFocusOnTab: true
+        highlightMoveDuration: 0
         Accessible.role: Accessible.List
         Accessible.name: qsTrId("Agenda")
         Keys.onUpPressed: list.step(-1)
@@ -72,8 +73,13 @@ Item {
         /// To the next row that is no heading in that direction; 0: the present one, or the first after it.
         function step(by: int) {
             const row = controller.nextItem(list.currentIndex, by);
-            if (row >= 0)
-                list.currentIndex = row;
+            if (row < 0)
+                return;
+            list.currentIndex = row;
+            // Not below what fades out.
+            const hidden = list.currentItem.y + list.currentItem.height + Theme.fadeHeight - list.contentY - list.height;
+            if (hidden > 0)
+                list.contentY = Math.min(list.contentY + hidden, list.originY + list.contentHeight - list.height);
         }
 
         function openMenu(row: int, item: Item, where: point) {
@@ -83,8 +89,10 @@ Item {
         }
 
         function openMenuOfCurrent() {
-            if (list.currentItem)
-                list.openMenu(list.currentIndex, list.currentItem, Qt.point(Theme.margin, list.currentItem.height));
+            if (!list.currentItem)
+                return;
+            list.openMenu(list.currentIndex, list.currentItem, Qt.point(Theme.margin, list.currentItem.height));
+            menu.currentIndex = 0;
         }
     }
     ContextMenu {

@@ -5,22 +5,23 @@ import QtQuick.Templates as T
 
 import Mintaro
 
-/// A menu of actions inside the window. It opens with its first entry under the keyboard's hand.
+/// A menu of actions inside the window.
 T.Menu {
     id: root
 
     required property ContextMenuModel entries
-
-    readonly property real textWidth: Math.max(0, ...root.widths)
-    property list<real> widths
+    /// What had the keyboard before.
+    property Item opener: null
 
     implicitWidth: Math.max(120, root.contentWidth) + root.leftPadding + root.rightPadding
     implicitHeight: root.contentHeight + root.topPadding + root.bottomPadding
-    margins: 4
+    margins: Theme.popupMargin
     padding: 4
     modal: true
     dim: false
     closePolicy: T.Popup.CloseOnEscape | T.Popup.CloseOnPressOutside
+    onAboutToShow: root.opener = root.parent.Window.activeFocusItem
+    onClosed: root.opener?.forceActiveFocus(Qt.PopupFocusReason)
 
     background: FloatingGround {
     }
@@ -37,7 +38,8 @@ T.Menu {
 
         ContextMenuEntry {
             required property int index
-            onTriggered: root.entries.trigger(index)
+            // Once the menu is gone: what opens then gives the keyboard back to where it was before the menu.
+            onTriggered: Qt.callLater(root.entries.trigger, index)
         }
     }
 }

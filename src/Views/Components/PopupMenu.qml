@@ -29,7 +29,7 @@ T.Popup {
     y: -Math.max(0, root.markedIndex) * root.rowHeight - root.padding + ((parent ? parent.height : 0) - root.rowHeight) / 2
     width: Math.min(Math.max(parent ? parent.width : 0, Math.ceil(measure.width) + 58), root.room.width - 2 * margins)
     height: Math.min(root.texts.length * root.rowHeight + 2 * root.padding, root.room.height - 2 * margins)
-    margins: 4
+    margins: Theme.popupMargin
     padding: 4
     focus: true
     modal: true

@@ -8,6 +8,8 @@ import Mintaro
 T.Popup {
     id: root
 
+    /// What had the keyboard before.
+    property Item opener: null
     readonly property Rectangle veil: Rectangle {
         parent: root.parent
         anchors.fill: parent
@@ -25,6 +27,8 @@ T.Popup {
     // The window's own would lie over the card's shadow too.
     dim: false
     closePolicy: T.Popup.CloseOnEscape
+    onAboutToShow: root.opener = root.parent.Window.activeFocusItem
+    onClosed: root.opener?.forceActiveFocus(Qt.PopupFocusReason)
 
     background: FloatingGround {
         radius: Theme.groupRadius

@@ -61,6 +61,8 @@ QtObject {
     /// What a day's dots take below its number, their spacing included.
     readonly property int dotsHeight: 8
     readonly property int borderWidth: 1
+    /// From a popup to the window's edge: it stays on the card, since clicks on the shadow go to other windows.
+    readonly property int popupMargin: ThemeController.shadowMargin + 4
     readonly property int cornerRadius: ThemeController.cornerRadius
     readonly property int chipRadius: 6
     readonly property int controlRadius: 5

@@ -24,6 +24,7 @@ class ThemeController : public QObject
     Q_PROPERTY(QColor accentText READ accentText NOTIFY changed)
     Q_PROPERTY(QSize popoverSize READ popoverSize CONSTANT)
     Q_PROPERTY(int cornerRadius READ cornerRadius CONSTANT)
+    Q_PROPERTY(int shadowMargin READ shadowMargin CONSTANT)
 
 public:
     /// Both must outlive the object.
@@ -39,6 +40,7 @@ public:
     // The window decides, for its shadow and its mask follow them.
     [[nodiscard]] static QSize popoverSize() { return PopoverWindow::kCardSize; }
     [[nodiscard]] static int cornerRadius() { return PopoverWindow::kCornerRadius; }
+    [[nodiscard]] static int shadowMargin() { return PopoverWindow::kShadowMargin; }
 
 Q_SIGNALS:
     void changed();

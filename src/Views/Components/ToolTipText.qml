@@ -15,7 +15,7 @@ T.ToolTip {
     y: -height - 2
     implicitWidth: contentItem.implicitWidth + 12
     implicitHeight: contentItem.implicitHeight + 6
-    margins: 4
+    margins: Theme.popupMargin
 
     contentItem: Text {
         text: root.text

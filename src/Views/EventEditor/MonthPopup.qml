@@ -22,7 +22,7 @@ T.Popup {
     y: (parent ? parent.height : 0) + 4
     implicitWidth: contentWidth + 2 * padding
     implicitHeight: contentHeight + 2 * padding
-    margins: 4
+    margins: Theme.popupMargin
     padding: 8
     focus: true
     modal: true
