@@ -63,6 +63,25 @@ TEST_F(AgendaListTest, HasAHeadingOverEachDay)
     EXPECT_EQ(data(2, Model::AccessibleNameRole).toString(), u"review, 13:00 - 14:00, Room 1"_qs);
 }
 
+TEST_F(AgendaListTest, OffersToChangeOnlyWhatCanBeChanged)
+{
+    world.backend->addCollection(u"holidays"_qs).isWritable = false;
+    world.addEvent("holidays", "feast", during("20260307T150000Z", "20260307T160000Z"));
+    world.addReminder("work", "milk", "DUE:20260307T080000Z");
+    load();
+    const auto menuOf = [this](const QString &title) {
+        QStringList entries;
+        if (model.prepareMenu(static_cast<int>(titles().indexOf(title)))) {
+            for (int row = 0; row < model.menu()->rowCount(); ++row)
+                entries.append(model.menu()->index(row).data(ContextMenuModel::TitleRole).toString());
+        }
+        return entries;
+    };
+    EXPECT_THAT(menuOf(u"lunch"_qs), ElementsAre(u"Edit Event"_qs, QString(), u"Delete Event"_qs));
+    for (const QString &title : { u"feast"_qs, u"milk"_qs, u"Today"_qs, u"none of that title"_qs })
+        EXPECT_TRUE(menuOf(title).isEmpty()) << title.toStdString();
+}
+
 TEST_F(AgendaListTest, DimsEventsThatAreOverButNoReminders)
 {
     world.addReminder("work", "milk", "DUE:20260307T080000Z");

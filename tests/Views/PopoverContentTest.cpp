@@ -1,6 +1,7 @@
 #include "Platform/AppKit/PopoverWindow.h"
 #include "Views/ViewEngine.h"
 
+#include "support/KeptWarnings.h"
 #include "support/World.h"
 
 #include <gmock/gmock.h>
@@ -13,38 +14,19 @@
 namespace mintaro {
 namespace {
 
-QStringList &warnings()
-{
-    static QStringList lines;
-    return lines;
-}
+/// The row of the event.
+const QString kReview = u"Review, 13:00 - 14:00, https://zoom.us/j/1"_qs;
 
-void keepWarning(QtMsgType type, const QMessageLogContext &, const QString &text)
-{
-    // The offscreen platform has no windows to speak of.
-    if (type != QtDebugMsg && type != QtInfoMsg && !text.contains(QLatin1String("This plugin does not support")))
-        warnings().append(text);
-}
-
-/// The popover as the user has it, with each warning of the QML engine kept.
+/// The popover as the user has it.
 class PopoverContentTest : public testing::Test
 {
 protected:
     PopoverContentTest()
     {
-        warnings().clear();
-        m_before = qInstallMessageHandler(keepWarning);
         world.addCalendar("work");
         world.addEvent(
             "work", "Review", during("20260307T130000Z", "20260307T140000Z") + "\nLOCATION:https://zoom.us/j/1");
         world.addReminder("work", "Milk", "DUE:20260308T080000Z");
-    }
-
-    ~PopoverContentTest() override
-    {
-        content.reset();
-        qInstallMessageHandler(m_before);
-        EXPECT_TRUE(warnings().isEmpty()) << warnings().join(u'\n').toStdString();
     }
 
     void show()
@@ -119,15 +101,22 @@ protected:
         QTest::mouseRelease(&window, Qt::LeftButton, {}, from + by);
     }
 
+    void focusReview()
+    {
+        for (int i = 0; i < 60 && focused() != kReview; ++i)
+            QTest::keyClick(&window, Qt::Key_Tab);
+        ASSERT_EQ(focused(), kReview);
+    }
+
+    [[nodiscard]] QString focused() const { return accessibleName(window.activeFocusItem()); }
+
+    KeptWarnings warnings;
     World world { "2026-03-07 12:00" };
     Appearance appearance { QDBusConnection(u"none"_qs) };
     std::optional<MenuBarLabel> label;
     std::optional<ViewEngine> views;
-    std::unique_ptr<QQuickItem> content;
     PopoverWindow window;
-
-private:
-    QtMessageHandler m_before = nullptr;
+    std::unique_ptr<QQuickItem> content;
 };
 
 TEST_F(PopoverContentTest, NamesEveryButton)
@@ -231,6 +220,92 @@ TEST_F(PopoverContentTest, StandsThroughMonthsPreferencesAndDays)
     EXPECT_TRUE(QTest::qWaitFor([this] { return named(u"Sunday, 8 March 2026, Today"_qs) != nullptr; }));
     world.state().setSelectedDate(at("2026-05-01"));
     EXPECT_TRUE(QTest::qWaitFor([this] { return named(u"Join Zoom"_qs) == nullptr; }));
+}
+
+TEST_F(PopoverContentTest, TheToolbarOpensTheEditor)
+{
+    open();
+    QTest::keyClick(&window, Qt::Key_N, Qt::ControlModifier);
+    click(u"New Event"_qs);
+    ASSERT_EQ(world.eventEditor.opened.size(), 2U);
+    EXPECT_FALSE(world.eventEditor.opened.back());
+}
+
+TEST_F(PopoverContentTest, TheMenuOfARowIsThereForTheKeyboard)
+{
+    open();
+    focusReview();
+    QTest::keyClick(&window, Qt::Key_F10, Qt::ShiftModifier);
+    EXPECT_EQ(focused(), u"Edit Event"_qs);
+    QTest::keyClick(&window, Qt::Key_Escape);
+    EXPECT_EQ(focused(), kReview);
+    QTest::keyClick(&window, Qt::Key_Menu);
+    QTest::keyClick(&window, Qt::Key_Return);
+    ASSERT_TRUE(QTest::qWaitFor([this] { return world.eventEditor.opened.size() == 1; }));
+    EXPECT_EQ(world.eventEditor.opened.front()->title(), u"Review"_qs);
+    EXPECT_TRUE(window.isVisible());
+}
+
+TEST_F(PopoverContentTest, ARightClickOpensTheMenuOfAnEventAndNoneOfAReminder)
+{
+    open();
+    const QPoint review = middle(named(u"Join Zoom"_qs)) - QPoint(100, 0);
+    QTest::mouseClick(&window, Qt::RightButton, {}, review);
+    QTest::keyClick(&window, Qt::Key_Down);
+    EXPECT_EQ(focused(), u"Edit Event"_qs);
+    QTest::keyClick(&window, Qt::Key_Escape);
+    focusReview();
+    QTest::keyClick(&window, Qt::Key_Down);
+    QTest::keyClick(&window, Qt::Key_Menu);
+    EXPECT_TRUE(focused().startsWith(u"Milk"_qs));
+}
+
+TEST_F(PopoverContentTest, AsksBeforeItDeletes)
+{
+    open();
+    focusReview();
+    const auto requestDelete = [this] {
+        QTest::keyClick(&window, Qt::Key_Menu);
+        QTest::keyClick(&window, Qt::Key_Down);
+        QTest::keyClick(&window, Qt::Key_Return);
+        ASSERT_TRUE(QTest::qWaitFor([this] { return focused() == u"Cancel"_qs; }));
+    };
+    for (const auto key : { Qt::Key_Escape, Qt::Key_Return }) {
+        requestDelete();
+        QTest::keyClick(&window, key);
+        EXPECT_FALSE(world.state().pendingDeleteEvent() || world.state().isShowingDeleteConfirmation());
+        EXPECT_TRUE(window.isVisible());
+        EXPECT_EQ(focused(), kReview);
+    }
+    requestDelete();
+    QTest::keyClick(&window, Qt::Key_Tab);
+    EXPECT_EQ(focused(), u"Delete"_qs);
+    QTest::keyClick(&window, Qt::Key_Return);
+    EXPECT_TRUE(QTest::qWaitFor([this] { return named(u"Join Zoom"_qs) == nullptr; }));
+}
+
+TEST_F(PopoverContentTest, AsksHowManyOfASeriesToDelete)
+{
+    world.addEvent("work", "Daily", during("20260307T150000Z", "20260307T160000Z") + "\nRRULE:FREQ=DAILY");
+    open();
+    world.state().requestDeleteEvent(world.state().agendaEvents().front().events.back());
+    EXPECT_EQ(focused(), u"Only This Event"_qs);
+    QTest::keyClick(&window, Qt::Key_Tab);
+    QTest::keyClick(&window, Qt::Key_Return);
+    EXPECT_FALSE(world.state().isShowingSpanPicker());
+    EXPECT_TRUE(QTest::qWaitFor([this] { return world.state().agendaEvents().size() == 2; }));
+}
+
+TEST_F(PopoverContentTest, EscapeClosesTheErrorFirst)
+{
+    open();
+    world.state().setErrorMessage(u"no"_qs);
+    EXPECT_EQ(focused(), u"OK"_qs);
+    QTest::keyClick(&window, Qt::Key_Escape);
+    EXPECT_EQ(world.state().errorMessage(), QString());
+    EXPECT_TRUE(window.isVisible());
+    QTest::keyClick(&window, Qt::Key_Escape);
+    EXPECT_FALSE(window.isVisible());
 }
 
 TEST_F(PopoverContentTest, LabelSpeaksItsText)

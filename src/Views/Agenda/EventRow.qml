@@ -24,7 +24,6 @@ Item {
     implicitHeight: content.implicitHeight + 8
     Accessible.role: Accessible.ListItem
     Accessible.name: root.accessibleName
-    Accessible.focused: root.isCurrent
 
     FocusRing {
         shown: root.isCurrent

@@ -15,7 +15,6 @@ Item {
     implicitHeight: Math.max(mark.height, label.implicitHeight) + 8
     Accessible.role: Accessible.ListItem
     Accessible.name: root.accessibleName
-    Accessible.focused: root.isCurrent
 
     FocusRing {
         shown: root.isCurrent
