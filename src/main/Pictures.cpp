@@ -29,6 +29,8 @@ public:
 
 constexpr int kDaysToOtherSelection = 2;
 constexpr int kMarginAround = 16;
+/// More than the notes show at once.
+constexpr int kManyLines = 8;
 
 class Studio
 {
@@ -69,9 +71,10 @@ public:
 private:
     void drawQuestions(QQuickItem &popover)
     {
-        const CalendarEvent single = anEvent([](const EKEvent &event) { return !event.hasRecurrenceRules(); });
-        save(popover, QStringLiteral("popover-delete"), [&] { m_appState.requestDeleteEvent(single); });
-        m_appState.setShowingDeleteConfirmation(false);
+        if (const auto single = anEvent([](const EKEvent &event) { return !event.hasRecurrenceRules(); })) {
+            save(popover, QStringLiteral("popover-delete"), [&] { m_appState.requestDeleteEvent(*single); });
+            m_appState.setShowingDeleteConfirmation(false);
+        }
         save(popover, QStringLiteral("popover-error"), [&] {
             m_appState.setErrorMessage(
                 QStringLiteral("Failed to save event: The calendar \"Home\" cannot be changed."));
@@ -81,20 +84,23 @@ private:
 
     void drawEditors()
     {
-        const CalendarEvent single = anEvent(
-            [](const EKEvent &event) { return !event.hasRecurrenceRules() && !event.isAllDay() && event.location(); });
-        const CalendarEvent series = anEvent(std::mem_fn(&EKEvent::hasRecurrenceRules));
-        const CalendarEvent wholeDays = anEvent(std::mem_fn(&EKEvent::isAllDay));
-        drawEditor("editor-new", {}, [](EventEditorViewController &editor) {
-            editor.setTitle(QStringLiteral("Pranzo con Anna tomorrow at Trattoria da Gino"));
-        });
-        drawEditor("editor-existing", single.ekEvent, [](EventEditorViewController &) {});
-        drawEditor("editor-series", series.ekEvent, std::mem_fn(&EventEditorViewController::handleSave));
-        drawEditor("editor-allday", wholeDays.ekEvent, [](EventEditorViewController &) {});
-        EventDraft draft = EventDraft::fromEvent(single.ekEvent);
-        draft.notes = QStringLiteral("1\n2\n3\n4\n5\n6\n7\n8").replace(u'\n', QStringLiteral(". Figures\n"));
-        m_appState.keepRejectedDraft(single.ekEvent, draft);
-        drawEditor("editor-longnotes", single.ekEvent, [](EventEditorViewController &) {});
+        using Editor = EventEditorViewController;
+        const auto nothing = [](Editor &) {};
+        drawEditor("editor-new", {},
+            [](Editor &editor) { editor.setTitle(QStringLiteral("Pranzo con Anna tomorrow at Trattoria da Gino")); });
+        if (const auto series = anEvent(std::mem_fn(&EKEvent::hasRecurrenceRules)))
+            drawEditor("editor-series", series->ekEvent, std::mem_fn(&Editor::handleSave));
+        if (const auto wholeDays = anEvent(std::mem_fn(&EKEvent::isAllDay)))
+            drawEditor("editor-allday", wholeDays->ekEvent, nothing);
+        const auto single = anEvent([](const EKEvent &event) { return !event.isAllDay() && event.location(); });
+        if (!single)
+            return;
+        drawEditor("editor-existing", single->ekEvent, nothing);
+        EventDraft draft = EventDraft::fromEvent(single->ekEvent);
+        for (int line = 1; line <= kManyLines; ++line)
+            draft.notes += QStringLiteral("%1. Figures\n").arg(line);
+        m_appState.keepRejectedDraft(single->ekEvent, draft);
+        drawEditor("editor-longnotes", single->ekEvent, nothing);
     }
 
     void drawEditor(const char *name, const std::optional<EKEvent> &event,
@@ -107,7 +113,7 @@ private:
     }
 
     /// The first event of the month that is like that.
-    [[nodiscard]] CalendarEvent anEvent(const std::function<bool(const EKEvent &)> &isLikeThat)
+    [[nodiscard]] std::optional<CalendarEvent> anEvent(const std::function<bool(const EKEvent &)> &isLikeThat)
     {
         for (const DayEvents &day : m_appState.eventsVM().dayEvents()) {
             for (const CalendarEvent &event : day.events) {
@@ -115,7 +121,7 @@ private:
                     return event;
             }
         }
-        throw std::runtime_error("the store has too few events for the pictures");
+        return std::nullopt;
     }
 
     /// Shows only the calendars and reminder lists of that identifier.
