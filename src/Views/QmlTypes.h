@@ -33,6 +33,43 @@ struct MenuBarLabelForQml
     QML_UNCREATABLE("The application has one")
 };
 
+// What QML only hands from one controller to another.
+
+struct DateForQml
+{
+    Q_GADGET
+    QML_FOREIGN(mintaro::Date)
+    QML_VALUE_TYPE(moment)
+};
+
+struct RecurrenceRuleForQml
+{
+    Q_GADGET
+    QML_FOREIGN(std::optional<mintaro::EKRecurrenceRule>)
+    QML_VALUE_TYPE(recurrenceRule)
+};
+
+struct AlertOffsetForQml
+{
+    Q_GADGET
+    QML_FOREIGN(std::optional<std::chrono::seconds>)
+    QML_VALUE_TYPE(alertOffset)
+};
+
+struct CalendarIDForQml
+{
+    Q_GADGET
+    QML_FOREIGN(std::optional<QString>)
+    QML_VALUE_TYPE(calendarID)
+};
+
+struct CalendarsForQml
+{
+    Q_GADGET
+    QML_FOREIGN(std::vector<mintaro::EKCalendarRef>)
+    QML_VALUE_TYPE(calendars)
+};
+
 /// EKSpan under its name, with its values.
 namespace SpanForQml {
 Q_NAMESPACE

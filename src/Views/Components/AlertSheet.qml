@@ -17,9 +17,11 @@ Sheet {
 
     onOpened: (root.cancelText === "" ? confirm : cancel).forceActiveFocus(Qt.TabFocusReason)
 
-    contentItem: FocusScope {
-        implicitWidth: 268
-        implicitHeight: column.implicitHeight + 2 * Theme.sheetPadding
+    contentWidth: 268
+    contentHeight: column.implicitHeight + 2 * Theme.sheetPadding
+
+    FocusScope {
+        anchors.fill: parent
         Accessible.role: Accessible.AlertMessage
         Accessible.name: root.title
         Accessible.description: root.message

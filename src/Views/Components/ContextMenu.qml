@@ -38,8 +38,7 @@ T.Menu {
 
         ContextMenuEntry {
             required property int index
-            // Once the menu is gone: what opens then gives the keyboard back to where it was before the menu.
-            onTriggered: Qt.callLater(root.entries.trigger, index)
+            onTriggered: root.entries.trigger(index)
         }
     }
 }

@@ -14,7 +14,7 @@ T.MenuItem {
 
     readonly property color ink: root.highlighted ? Theme.onAccent : root.isDestructive ? Theme.red : Theme.primary
 
-    implicitWidth: label.x + label.implicitWidth + 12
+    implicitWidth: implicitContentWidth
     implicitHeight: root.isSeparator ? 9 : Theme.menuRowHeight
     enabled: !root.isSeparator
     hoverEnabled: true
@@ -34,19 +34,19 @@ T.MenuItem {
             color: Theme.separator
         }
     }
-    contentItem: Item {
+    contentItem: Row {
+        leftPadding: 8
+        rightPadding: 12
+        spacing: 8
         visible: !root.isSeparator
 
         Symbol {
-            x: 8
             anchors.verticalCenter: parent.verticalCenter
             name: root.symbol
             size: 13
             color: root.ink
         }
         Text {
-            id: label
-            x: 29
             anchors.verticalCenter: parent.verticalCenter
             text: root.title
             font: Theme.body

@@ -13,9 +13,8 @@ void ContextMenuModel::trigger(int row)
 {
     if (!index(row).isValid())
         return;
-    // A copy: the action may have the menu filled anew.
-    if (const auto action = m_items[static_cast<std::size_t>(row)].action)
-        action();
+    if (const auto &action = m_items[static_cast<std::size_t>(row)].action)
+        QMetaObject::invokeMethod(this, action, Qt::QueuedConnection);
 }
 
 int ContextMenuModel::rowCount(const QModelIndex &parent) const

@@ -23,7 +23,8 @@ public:
     using QAbstractListModel::QAbstractListModel;
 
     void setItems(std::vector<MenuItem> items);
-    /// The user chose that entry.
+    /// The user chose that entry. Its action follows once the menu is gone: what it opens gives the keyboard back to
+    /// what had it before the menu.
     Q_INVOKABLE void trigger(int row);
 
     [[nodiscard]] int rowCount(const QModelIndex &parent = {}) const override;
