@@ -50,8 +50,9 @@ T.Popup {
     background: FloatingGround {
     }
 
-    contentItem: ListView {
+    ListView {
         id: list
+        anchors.fill: parent
         // Rows are made when the menu is first opened.
         model: root.isUsed ? root.texts : []
         clip: true
@@ -95,7 +96,7 @@ T.Popup {
                 width: 8
                 height: 8
                 radius: 4
-                color: root.colors[row.index] ?? "transparent"
+                color: root.colorAt(row.index)
                 border.width: row.isCurrent ? 1 : 0
                 border.color: Theme.onAccent
             }
@@ -125,7 +126,7 @@ T.Popup {
     TextMetrics {
         id: measure
         font: Theme.body
-        text: root.texts.reduce((longest, text) => text.length > longest.length ? text : longest, "")
+        text: root.longestText()
     }
     Timer {
         id: pause
@@ -160,8 +161,24 @@ T.Popup {
     function jump(text: string) {
         root.typed += text.toLowerCase();
         pause.restart();
-        const found = root.texts.findIndex(each => each.toLowerCase().startsWith(root.typed));
-        if (found >= 0)
-            list.currentIndex = found;
+        for (let i = 0; i < root.texts.length; ++i) {
+            if (root.texts[i].toLowerCase().startsWith(root.typed)) {
+                list.currentIndex = i;
+                return;
+            }
+        }
+    }
+
+    function colorAt(index: int): string {
+        return index >= 0 && index < root.colors.length ? root.colors[index] : "transparent";
+    }
+
+    function longestText(): string {
+        let longest = "";
+        for (let i = 0; i < root.texts.length; ++i) {
+            if (root.texts[i].length > longest.length)
+                longest = root.texts[i];
+        }
+        return longest;
     }
 }

@@ -50,13 +50,12 @@ PlainButton {
             elide: Text.ElideRight
         }
         Rectangle {
-            id: dot
             anchors.verticalCenter: parent.verticalCenter
             visible: root.currentIndex >= 0 && root.colors.length > root.currentIndex
             width: 8
             height: 8
             radius: 4
-            color: root.colors[root.currentIndex] ?? "transparent"
+            color: menu.colorAt(root.currentIndex)
         }
     }
 

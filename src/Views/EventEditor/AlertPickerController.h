@@ -16,7 +16,7 @@ class AlertPickerController : public QObject
     QML_ELEMENT
     Q_PROPERTY(
         std::optional<std::chrono::seconds> alertOffset READ alertOffset WRITE setAlertOffset NOTIFY alertOffsetChanged)
-    Q_PROPERTY(QStringList options READ options CONSTANT)
+    Q_PROPERTY(QList<QString> options READ options CONSTANT)
     Q_PROPERTY(int selectedIndex READ selectedIndex NOTIFY alertOffsetChanged)
 
 public:

@@ -19,8 +19,8 @@ class CalendarPickerController : public QObject
     Q_PROPERTY(std::vector<mintaro::EKCalendarRef> calendars READ calendars WRITE setCalendars NOTIFY calendarsChanged)
     Q_PROPERTY(std::optional<QString> selectedCalendarID READ selectedCalendarID WRITE setSelectedCalendarID NOTIFY
             selectedCalendarIDChanged)
-    Q_PROPERTY(QStringList titles READ titles NOTIFY calendarsChanged)
-    Q_PROPERTY(QStringList colors READ colors NOTIFY calendarsChanged)
+    Q_PROPERTY(QList<QString> titles READ titles NOTIFY calendarsChanged)
+    Q_PROPERTY(QList<QString> colors READ colors NOTIFY calendarsChanged)
     Q_PROPERTY(int selectedIndex READ selectedIndex NOTIFY selectedIndexChanged)
 
 public:

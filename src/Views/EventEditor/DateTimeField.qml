@@ -59,16 +59,21 @@ FocusScope {
         id: popup
         width: root.width
         height: root.height
-        active: false
-        sourceComponent: MonthPopup {
-            appState: root.appState
-            onPicked: day => controller.moveToDay(day)
-        }
+
+        readonly property MonthPopup month: popup.item as MonthPopup
 
         function show() {
             root.commit();
-            popup.active = true;
-            popup.item.openAt(controller.date);
+            if (!popup.month)
+                popup.setSource("MonthPopup.qml", { appState: root.appState });
+            popup.month.openAt(controller.date);
+        }
+    }
+    Connections {
+        target: popup.month
+
+        function onPicked(day) {
+            controller.moveToDay(day);
         }
     }
 

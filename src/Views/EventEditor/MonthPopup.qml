@@ -33,9 +33,12 @@ T.Popup {
         radius: Theme.groupRadius
     }
 
-    contentItem: FocusScope {
-        implicitWidth: 7 * root.cellSize
-        implicitHeight: column.implicitHeight
+    contentWidth: 7 * root.cellSize
+    contentHeight: column.implicitHeight
+
+    FocusScope {
+        anchors.fill: parent
+        focus: true
 
         MonthPopupController {
             id: controller

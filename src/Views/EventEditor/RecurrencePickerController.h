@@ -18,7 +18,7 @@ class RecurrencePickerController : public QObject
     QML_ELEMENT
     Q_PROPERTY(std::optional<mintaro::EKRecurrenceRule> recurrenceRule READ recurrenceRule WRITE setRecurrenceRule
             NOTIFY recurrenceRuleChanged)
-    Q_PROPERTY(QStringList options READ options CONSTANT)
+    Q_PROPERTY(QList<QString> options READ options CONSTANT)
     Q_PROPERTY(int selectedIndex READ selectedIndex NOTIFY recurrenceRuleChanged)
 
 public:
