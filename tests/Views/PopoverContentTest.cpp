@@ -141,6 +141,17 @@ TEST_F(PopoverContentTest, ReachesEveryButtonByTab)
         ADD_FAILURE() << accessibleName(button).toStdString();
 }
 
+TEST_F(PopoverContentTest, GoesTheSameWayBackByShiftTab)
+{
+    open();
+    for (const auto &name : { u"Quit"_qs, u"New Event"_qs, u"Join Zoom"_qs, kReview }) {
+        QTest::keyClick(&window, Qt::Key_Backtab, Qt::ShiftModifier);
+        EXPECT_EQ(focused(), name);
+    }
+    QTest::keyClick(&window, Qt::Key_Down);
+    EXPECT_TRUE(focused().startsWith(u"Milk"_qs));
+}
+
 TEST_F(PopoverContentTest, ReturnPressesWhatHasTheFocus)
 {
     open();

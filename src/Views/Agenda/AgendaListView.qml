@@ -21,7 +21,6 @@ Item {
         clip: true
         visible: controller.state === AgendaListViewController.List
         boundsBehavior: Flickable.StopAtBounds
-        activeFocusOnTab: true
         highlightMoveDuration: 0
         Accessible.role: Accessible.List
         Accessible.name: qsTrId("Agenda")
@@ -33,7 +32,7 @@ Item {
             if (event.accepted)
                 list.openMenuOfCurrent();
         }
-        onActiveFocusChanged: if (list.activeFocus) list.step(0)
+        onCountChanged: list.leaveHeading()
         model: controller
         delegate: DelegateChooser {
             role: "kind"
@@ -54,7 +53,7 @@ Item {
                     required property bool isPast
                     width: list.width
                     opacity: eventRow.isPast ? Theme.pastOpacity : 1
-                    isCurrent: eventRow.ListView.isCurrentItem && list.activeFocus
+                    activeFocusOnTab: eventRow.ListView.isCurrentItem || eventRow.activeFocus
                     onJoinRequested: controller.joinMeeting(eventRow.index)
                     onMenuRequested: where => list.openMenu(eventRow.index, eventRow, where)
                 }
@@ -65,12 +64,19 @@ Item {
                 ReminderAgendaRow {
                     id: reminderRow
                     width: list.width
-                    isCurrent: reminderRow.ListView.isCurrentItem && list.activeFocus
+                    activeFocusOnTab: reminderRow.ListView.isCurrentItem || reminderRow.activeFocus
                 }
             }
         }
 
-        /// To the next row that is no heading in that direction; 0: the present one, or the first after it.
+        /// The keyboard never stands on a heading.
+        function leaveHeading() {
+            const row = controller.nextItem(list.currentIndex, 0);
+            if (row >= 0)
+                list.currentIndex = row;
+        }
+
+        /// To the next row in that direction.
         function step(by: int) {
             const row = controller.nextItem(list.currentIndex, by);
             if (row < 0)

@@ -12,8 +12,6 @@ Item {
     required property string service
     required property string serviceSymbol
     required property string accessibleName
-    /// The keyboard is on this row.
-    property bool isCurrent: false
 
     readonly property bool hasMeeting: root.service !== ""
 
@@ -26,7 +24,7 @@ Item {
     Accessible.name: root.accessibleName
 
     FocusRing {
-        shown: root.isCurrent
+        shown: root.activeFocus
         gap: -2
     }
     TapHandler {

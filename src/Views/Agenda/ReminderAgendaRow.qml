@@ -9,15 +9,13 @@ Item {
     required property color calendarColor
     required property bool isCompleted
     required property string accessibleName
-    /// The keyboard is on this row.
-    property bool isCurrent: false
 
     implicitHeight: Math.max(mark.height, label.implicitHeight) + 8
     Accessible.role: Accessible.ListItem
     Accessible.name: root.accessibleName
 
     FocusRing {
-        shown: root.isCurrent
+        shown: root.activeFocus
         gap: -2
     }
     Symbol {

@@ -2,16 +2,10 @@
 
 namespace mintaro {
 
-namespace {
-
-constexpr QSize kSize { 340, 480 };
-
-} // namespace
-
 EventEditorPanel::Editor::Editor(AppState &appState, ViewEngine &views, const std::optional<EKEvent> &existingEvent)
     : controller(appState, existingEvent)
-    , panel(kSize)
     , view(views.makeEventEditorView(controller))
+    , panel(view->size().toSize())
 {
     panel.setTitle(controller.heading());
     panel.setContent(view.get());

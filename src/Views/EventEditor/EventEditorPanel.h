@@ -26,8 +26,8 @@ private:
     {
         Editor(AppState &appState, ViewEngine &views, const std::optional<EKEvent> &existingEvent);
         EventEditorViewController controller;
-        Panel panel;
         std::unique_ptr<QQuickItem> view;
+        Panel panel;
     };
 
     /// Takes the editor from the screen at once. It goes later: it may be a key of its own that closes it.
