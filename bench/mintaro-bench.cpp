@@ -6,6 +6,7 @@
 #include "bench/LibicalBaseline.h"
 #include "bench/Process.h"
 #include "bench/RatioReporter.h"
+#include "bench/SentenceBenchmarks.h"
 #include "bench/Window.h"
 
 #include <benchmark/benchmark.h>
@@ -296,7 +297,7 @@ int run(int argc, char **argv)
         (void)timeOfCommand(*each, each->cache());
     Ratios ratios;
     for (const Ratios &part : { addProcesses(small, "1k", 8), addProcesses(store, "10k", 4),
-             addProcesses(large, "100k", 1), addInProcess(store, withPast) })
+             addProcesses(large, "100k", 1), addInProcess(store, withPast), addSentences() })
         ratios.insert(ratios.end(), part.begin(), part.end());
     RatioReporter reporter(std::move(ratios));
     benchmark::RunSpecifiedBenchmarks(&reporter);
