@@ -8,14 +8,14 @@ namespace mintaro {
 namespace {
 
 /// In the order in which they are tried. " a " is Italian, and the English article all the same.
-constexpr std::array kMarkers { QLatin1String(" at "), QLatin1String(" a "), QLatin1String(" in ") };
-constexpr std::array kNoLocations { QLatin1String("noon"), QLatin1String("midnight"), QLatin1String("morning"),
-    QLatin1String("evening"), QLatin1String("night"), QLatin1String("am"), QLatin1String("pm"), QLatin1String("today"),
-    QLatin1String("tomorrow"), QLatin1String("monday"), QLatin1String("tuesday"), QLatin1String("wednesday"),
-    QLatin1String("thursday"), QLatin1String("friday"), QLatin1String("saturday"), QLatin1String("sunday") };
+constexpr std::array kMarkers { QStringView(u" at "), QStringView(u" a "), QStringView(u" in ") };
+constexpr std::array kNoLocations { QStringView(u"noon"), QStringView(u"midnight"), QStringView(u"morning"),
+    QStringView(u"evening"), QStringView(u"night"), QStringView(u"am"), QStringView(u"pm"), QStringView(u"today"),
+    QStringView(u"tomorrow"), QStringView(u"monday"), QStringView(u"tuesday"), QStringView(u"wednesday"),
+    QStringView(u"thursday"), QStringView(u"friday"), QStringView(u"saturday"), QStringView(u"sunday") };
 constexpr qsizetype kShortestLocation = 3;
 
-QStringView trimmedOf(QStringView text, QLatin1String characters)
+QStringView trimmedOf(QStringView text, QStringView characters)
 {
     while (!text.isEmpty() && characters.contains(text.front()))
         text = text.sliced(1);
@@ -26,25 +26,25 @@ QStringView trimmedOf(QStringView text, QLatin1String characters)
 
 QStringView trimmedOfBlanks(QStringView text)
 {
-    return trimmedOf(text, QLatin1String(" \t"));
+    return trimmedOf(text, QStringView(u" \t"));
 }
 
 /// The text without the match and without the separators that stood around it.
 QString withoutMatch(const QString &text, const DateDetector::Match &match)
 {
     const QString rest = text.first(match.location) + text.sliced(match.location + match.length);
-    return trimmedOfBlanks(trimmedOf(QStringView(rest).trimmed(), QLatin1String("- ,;"))).toString();
+    return trimmedOfBlanks(trimmedOf(QStringView(rest).trimmed(), QStringView(u"- ,;"))).toString();
 }
 
 void extractLocation(QStringView text, ParsedEvent &event)
 {
-    for (const QLatin1String marker : kMarkers) {
+    for (const QStringView marker : kMarkers) {
         const qsizetype at = text.lastIndexOf(marker);
         if (at < 0)
             continue;
         const QStringView candidate = trimmedOfBlanks(text.sliced(at + marker.size()));
-        const bool isTime = std::ranges::any_of(kNoLocations,
-            [candidate](QLatin1String word) { return candidate.compare(word, Qt::CaseInsensitive) == 0; });
+        const bool isTime = std::ranges::any_of(
+            kNoLocations, [candidate](QStringView word) { return candidate.compare(word, Qt::CaseInsensitive) == 0; });
         if (isTime || candidate.size() < kShortestLocation)
             continue;
         event.location = candidate.toString();

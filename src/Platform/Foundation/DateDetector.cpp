@@ -89,8 +89,7 @@ std::vector<DateDetector::Match> DateDetector::found(
     const QString &text, Date now, const Calendar &calendar, qsizetype most) const
 {
     const DateLexicons &lexicons = DateLexicons::shared();
-    DateTokens tokens;
-    splitIntoDateTokens(text, tokens, [&lexicons](QStringView word) { return lexicons.vocabulary.numberOf(word); });
+    const DateTokens tokens = dateTokens(text, lexicons.vocabulary);
     const DateText own(tokens, m_isItalian ? lexicons.italian : lexicons.english, true);
     const DateText other(tokens, m_isItalian ? lexicons.english : lexicons.italian, false);
     const DateOrigin origin { now, std::chrono::floor<std::chrono::days>(calendar.local(now)), calendar,

@@ -34,7 +34,7 @@ bool isFirm(Anchor anchor)
 
 struct ClockRead
 {
-    ClockReading clock;
+    WrittenTime clock;
     Evidence evidence;
     int next;
     bool isNamed = false; ///< noon or midnight
@@ -97,7 +97,7 @@ std::optional<ClockRead> readHour(const DateText &text, int at, Anchor anchor)
     const auto number = readNumber(text, at, false);
     if (!number || number->value > kHoursOfDay)
         return std::nullopt;
-    ClockReading clock { .hour = number->value };
+    WrittenTime clock { .hour = number->value };
     clock.is24Hour = number->value > kNoon || number->value == 0;
     clock.isOpen = !clock.is24Hour;
     ClockRead read { clock, Evidence::Number, number->next };
@@ -421,7 +421,7 @@ std::optional<TimeRead> readTime(const DateText &text, int at, bool isBesideDay)
     return TimeRead { start->clock, std::nullopt, start->next };
 }
 
-int hourOfDay(const ClockReading &clock, std::optional<DayPart> part)
+int hourOfDay(const WrittenTime &clock, std::optional<DayPart> part)
 {
     if (!clock.isOpen && !clock.part)
         return clock.hour;

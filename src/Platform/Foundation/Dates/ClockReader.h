@@ -8,8 +8,8 @@ namespace mintaro {
 /// A time of the day, or a range of times.
 struct TimeRead
 {
-    ClockReading start;
-    std::optional<ClockReading> end;
+    WrittenTime start;
+    std::optional<WrittenTime> end;
     int next;
 };
 
@@ -18,6 +18,6 @@ struct TimeRead
 [[nodiscard]] std::optional<TimeRead> readTime(const DateText &text, int at, bool isBesideDay);
 
 /// The hour of the day, 0 to 29: from 24 on in the night that follows. `part` is what the day says, as in "tonight".
-[[nodiscard]] int hourOfDay(const ClockReading &clock, std::optional<DayPart> part);
+[[nodiscard]] int hourOfDay(const WrittenTime &clock, std::optional<DayPart> part);
 
 } // namespace mintaro

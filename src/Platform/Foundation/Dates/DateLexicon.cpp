@@ -53,8 +53,7 @@ DateLexicon::DateLexicon(const DateLanguage &language, DateVocabulary &vocabular
 void DateLexicon::add(const WordRow &row, DateVocabulary &vocabulary)
 {
     for (const QString &writing : writings(row.writings)) {
-        DateTokens tokens;
-        splitIntoDateTokens(writing, tokens, [&vocabulary](QStringView word) { return vocabulary.add(word); });
+        const DateTokens tokens = newDateTokens(writing, vocabulary);
         Entry entry { row.kind, static_cast<qint16>(row.value), static_cast<quint8>(row.traits), {} };
         for (auto token = tokens.cbegin() + 1; token != tokens.cend(); ++token)
             entry.rest.push_back(token->code);

@@ -8,7 +8,7 @@
 namespace mintaro {
 
 /// The reading of a clock as it was written.
-struct ClockReading
+struct WrittenTime
 {
     int hour = 12; ///< 0 to 24
     /// Before the hour where negative: of "ten to eight" it is the eight that tells the half of the day.
@@ -38,7 +38,7 @@ struct DateLength
 struct DateMoment
 {
     std::optional<std::chrono::local_days> day {};
-    std::optional<ClockReading> clock {};
+    std::optional<WrittenTime> clock {};
     std::optional<DayPart> part {};
     /// Said as an absolute moment: nothing else counts then.
     std::optional<Date> instant {};

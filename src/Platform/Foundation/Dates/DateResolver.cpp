@@ -26,7 +26,7 @@ hours hourOfPart(DayPart part)
     return hours { kNoon };
 }
 
-seconds sinceHour(const ClockReading &clock)
+seconds sinceHour(const WrittenTime &clock)
 {
     return minutes { clock.minute } + seconds { clock.second };
 }
@@ -47,7 +47,7 @@ bool isOpen(const DateMoment &moment)
 }
 
 /// The start of a range of times whose half of the day only the end tells.
-seconds startReading(const DateMoment &start, const ClockReading &end, bool isSameDay)
+seconds startReading(const DateMoment &start, const WrittenTime &end, bool isSameDay)
 {
     const seconds usual = readingOf(start);
     if (!isOpen(start) || start.part || !isSameDay)

@@ -11,16 +11,25 @@ bool isDigit(QChar character)
     return character >= u'0' && character <= u'9';
 }
 
+constexpr char16_t kFirstOtherThanAscii = 0x80;
+
+bool isAsciiLetter(QChar character)
+{
+    return (character.unicode() | 0x20) >= u'a' && (character.unicode() | 0x20) <= u'z';
+}
+
 bool isPartOfWord(QChar character)
 {
+    if (character.unicode() < kFirstOtherThanAscii)
+        return isAsciiLetter(character);
     return character.isLetter() || character.isMark();
 }
 
 /// In lower case, and what an accent stands on instead of the accented letter.
 char16_t foldedLetter(QChar character)
 {
-    if (character.unicode() < 0x80)
-        return character >= u'A' && character <= u'Z' ? char16_t(character.unicode() | 0x20) : character.unicode();
+    if (character.unicode() < kFirstOtherThanAscii)
+        return character.unicode() | 0x20;
     const QString parts = character.decomposition();
     return (parts.isEmpty() ? character : parts.front()).toLower().unicode();
 }
@@ -53,10 +62,10 @@ qsizetype endOf(QStringView text, qsizetype from, bool (*belongs)(QChar))
     return from;
 }
 
-} // namespace
-
-void splitIntoDateTokens(QStringView text, DateTokens &tokens, const std::function<int(QStringView)> &numberOf)
+template <typename NumberOf>
+DateTokens split(QStringView text, const NumberOf &numberOf)
 {
+    DateTokens tokens;
     QVarLengthArray<QChar, 32> word;
     bool afterBlank = true;
     bool afterLineBreak = true;
@@ -74,13 +83,13 @@ void splitIntoDateTokens(QStringView text, DateTokens &tokens, const std::functi
             token.length = static_cast<int>(endOf(text, at, isDigit) - at);
             if (token.length <= kMostDigits)
                 token.value = text.sliced(at, token.length).toInt();
-        } else if (first.isLetter()) {
+        } else if (isPartOfWord(first) && !first.isMark()) {
             token.kind = DateToken::Kind::Word;
             token.length = static_cast<int>(endOf(text, at, isPartOfWord) - at);
             token.isCapital = first.isUpper() && (token.length == 1 || !text[at + 1].isUpper());
             word.clear();
             for (const QChar character : text.sliced(at, token.length))
-                if (!character.isMark())
+                if (character.unicode() < kFirstOtherThanAscii || !character.isMark())
                     word.append(foldedLetter(character));
             token.letter = word.back().unicode();
             token.code = numberOf({ word.constData(), word.size() });
@@ -92,6 +101,19 @@ void splitIntoDateTokens(QStringView text, DateTokens &tokens, const std::functi
         tokens.append(token);
         afterBlank = afterLineBreak = false;
     }
+    return tokens;
+}
+
+} // namespace
+
+DateTokens dateTokens(QStringView text, const DateVocabulary &vocabulary)
+{
+    return split(text, [&vocabulary](QStringView word) { return vocabulary.numberOf(word); });
+}
+
+DateTokens newDateTokens(QStringView writing, DateVocabulary &vocabulary)
+{
+    return split(writing, [&vocabulary](QStringView word) { return vocabulary.add(word); });
 }
 
 DateText::DateText(const DateTokens &tokens, const DateLexicon &lexicon, bool isOwnLanguage)
@@ -170,34 +192,14 @@ bool DateText::hasWord(int from, int to) const
     return false;
 }
 
-bool DateText::isMark(int at, char16_t character) const
-{
-    return at >= 0 && at < size() && (*this)[at].kind == DateToken::Kind::Mark && (*this)[at].letter == character;
-}
-
 bool DateText::isGluedMark(int at, char16_t character) const
 {
     return isMark(at, character) && isGlued(at);
 }
 
-bool DateText::isNumber(int at) const
-{
-    return at >= 0 && at < size() && (*this)[at].kind == DateToken::Kind::Number;
-}
-
 bool DateText::isGluedNumber(int at) const
 {
     return isNumber(at) && isGlued(at);
-}
-
-bool DateText::isWord(int at) const
-{
-    return at >= 0 && at < size() && (*this)[at].kind == DateToken::Kind::Word;
-}
-
-bool DateText::isGlued(int at) const
-{
-    return at > 0 && at < size() && !(*this)[at].afterBlank;
 }
 
 bool DateText::isDash(int at) const

@@ -5,8 +5,6 @@
 #include <QString>
 #include <QVarLengthArray>
 
-#include <functional>
-
 namespace mintaro {
 
 /// A word, a row of digits, or any one other character that is no blank.
@@ -34,8 +32,10 @@ struct DateToken
 /// Lines are short: most need no memory of their own.
 using DateTokens = QVarLengthArray<DateToken, 48>;
 
-/// `numberOf` gives the code of a word in lower case without accents.
-void splitIntoDateTokens(QStringView text, DateTokens &tokens, const std::function<int(QStringView)> &numberOf);
+/// Words that the vocabulary lacks get the code 0.
+[[nodiscard]] DateTokens dateTokens(QStringView text, const DateVocabulary &vocabulary);
+/// The same, of a writing that is to be known from now on.
+[[nodiscard]] DateTokens newDateTokens(QStringView writing, DateVocabulary &vocabulary);
 
 /// The tokens of a text as one language understands them. All positions are indices of tokens, and any may be asked
 /// for.
@@ -80,14 +80,17 @@ public:
     /// Any of the language's own words is among these tokens.
     [[nodiscard]] bool hasWord(int from, int to) const;
 
-    [[nodiscard]] bool isMark(int at, char16_t character) const;
+    [[nodiscard]] bool isMark(int at, char16_t character) const
+    {
+        return isKind(at, DateToken::Kind::Mark) && m_tokens[at].letter == character;
+    }
     /// The same, with no blank before it.
     [[nodiscard]] bool isGluedMark(int at, char16_t character) const;
-    [[nodiscard]] bool isNumber(int at) const;
+    [[nodiscard]] bool isNumber(int at) const { return isKind(at, DateToken::Kind::Number); }
     [[nodiscard]] bool isGluedNumber(int at) const;
-    [[nodiscard]] bool isWord(int at) const;
+    [[nodiscard]] bool isWord(int at) const { return isKind(at, DateToken::Kind::Word); }
     /// No blank between this token and the one before it.
-    [[nodiscard]] bool isGlued(int at) const;
+    [[nodiscard]] bool isGlued(int at) const { return at > 0 && at < size() && !m_tokens[at].afterBlank; }
     /// A hyphen or a dash.
     [[nodiscard]] bool isDash(int at) const;
     /// Nothing stands there any more, or what does ends a phrase.
@@ -99,6 +102,10 @@ public:
     [[nodiscard]] bool endsCleanly(int at) const;
 
 private:
+    [[nodiscard]] bool isKind(int at, DateToken::Kind kind) const
+    {
+        return at >= 0 && at < size() && m_tokens[at].kind == kind;
+    }
     [[nodiscard]] const Sense *longest(int at, WordKind kind) const;
     void understand(int at, const DateLexicon &lexicon);
 

@@ -158,7 +158,7 @@ bool PhraseReader::addIsoTime(Part &part) const
     if (!m_text.isGlued(at) || !m_text[at].isLetter(u't') || !m_text.isGluedNumber(at + 1))
         return false;
     ++at;
-    ClockReading clock { .hour = 0, .is24Hour = true };
+    WrittenTime clock { .hour = 0, .is24Hour = true };
     const DateToken &first = m_text[at];
     if (first.length == 2) {
         clock.hour = first.value;

@@ -24,7 +24,7 @@ private:
     struct Part
     {
         DateMoment moment {};
-        std::optional<ClockReading> timeEnd {};
+        std::optional<WrittenTime> timeEnd {};
         std::optional<std::chrono::local_days> lastDay {};
         int next = 0;
 
