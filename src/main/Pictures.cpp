@@ -86,8 +86,10 @@ private:
     {
         using Editor = EventEditorViewController;
         const auto nothing = [](Editor &) {};
-        drawEditor("editor-new", {},
-            [](Editor &editor) { editor.setTitle(QStringLiteral("Pranzo con Anna tomorrow at Trattoria da Gino")); });
+        const QString sentence = m_job.language == QLatin1String("it")
+            ? QStringLiteral("Pranzo domani alle 13 a Trastevere")
+            : QStringLiteral("Lunch tomorrow at noon at Roma");
+        drawEditor("editor-new", {}, [&sentence](Editor &editor) { editor.setTitle(sentence); });
         if (const auto series = anEvent(std::mem_fn(&EKEvent::hasRecurrenceRules)))
             drawEditor("editor-series", series->ekEvent, std::mem_fn(&Editor::handleSave));
         if (const auto wholeDays = anEvent(std::mem_fn(&EKEvent::isAllDay)))

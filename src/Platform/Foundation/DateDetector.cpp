@@ -16,26 +16,16 @@ bool writesMonthFirst(const Locale &locale)
     return regions.contains(locale.region);
 }
 
+using enum WordKind;
+
 /// What a phrase can begin with.
-constexpr quint64 kBeginnings = [] {
-    using enum WordKind;
-    quint64 kinds = 0;
-    for (const WordKind kind : { RelativeDay, TonightWord, DayPartWord, Weekday, Month, Weekend, EndOf, This, Next,
-             Last, EndOfUnit, Number, Ordinal, Unit, Minutes, Noon, Midnight, FractionBefore, HourMark, At, On, DayOf,
-             Article, From, Between, In, InMonth, For, About, Now })
-        kinds |= maskOf(kind);
-    return kinds;
-}();
+constexpr quint64 kBeginnings = maskOf(RelativeDay, TonightWord, DayPartWord, Weekday, Month, Weekend, EndOf, This,
+    Next, Last, EndOfUnit, Number, Ordinal, Unit, Minutes, Noon, Midnight, FractionBefore, HourMark, At, On, DayOf,
+    Article, From, Between, In, InMonth, For, About, Now);
 
 /// What none of the other language's phrases lacks.
-constexpr quint64 kAnchors = [] {
-    using enum WordKind;
-    quint64 kinds = 0;
-    for (const WordKind kind : { RelativeDay, TonightWord, DayPartWord, Weekday, Month, Weekend, EndOfUnit, Unit,
-             Minutes, Noon, Midnight, FractionBefore, FractionAfter, HourMark, At, DayOf, Between, From })
-        kinds |= maskOf(kind);
-    return kinds;
-}();
+constexpr quint64 kAnchors = maskOf(RelativeDay, TonightWord, DayPartWord, Weekday, Month, Weekend, EndOfUnit, Unit,
+    Minutes, Noon, Midnight, FractionBefore, FractionAfter, HourMark, At, DayOf, Between, From);
 
 bool hasAnchor(const DateText &text)
 {

@@ -147,6 +147,12 @@ constexpr quint64 maskOf(WordKind kind)
     return quint64 { 1 } << static_cast<int>(kind);
 }
 
+template<typename... Kinds>
+constexpr quint64 maskOf(WordKind first, Kinds... others)
+{
+    return maskOf(first) | maskOf(others...);
+}
+
 /// A language's words as they are looked up. Immutable; one a language, shared by all threads.
 class DateLexicon
 {

@@ -107,6 +107,9 @@ ResolvedDate resolved(const DatePhrase &phrase, const DateOrigin &origin)
     Date last = phrase.end->instant ? *phrase.end->instant : zone.toInstant(reading);
     if (last <= first)
         last = zone.toInstant(reading + days { 1 });
+    // A last day before the first is no range.
+    if (last <= first)
+        return { first };
     return { first, floor<seconds>(last - first) };
 }
 

@@ -77,27 +77,39 @@ DayReader::Days DayReader::readBody(int at, const Lead &lead)
             && (m_text.endsCleanly(found->next) || isHyphenated || found->isIso))
             best = found;
     };
-    if (m_text.isNumber(at)) {
+    using enum WordKind;
+    const bool isNumber = m_text.isNumber(at);
+    const auto begins = [this, at](auto... kinds) { return m_text.hasAny(at, maskOf(kinds...)); };
+    if (isNumber) {
         take(readIso(at));
         take(readNumeric(at, lead));
         take(readNumericRange(at));
         take(readYearMonth(at));
-    } else if (!m_text.hasSense(at)) {
-        return std::nullopt;
-    } else {
-        take(readMonthNumber(at));
-        take(readWeekday(at, lead));
-        take(readRelative(at));
-        take(readUnit(at));
-        take(readEndOf(at));
-        take(readWeekend(at));
-        take(readPartOf(at));
-        take(readMonth(at));
     }
-    take(readNthWeekday(at));
-    take(readNumberMonth(at));
-    take(readOffset(at));
-    take(readDayOfMonth(at, lead));
+    if (begins(Month))
+        take(readMonthNumber(at));
+    if (begins(Month, InMonth))
+        take(readMonth(at));
+    if (begins(Weekday, This, Next, Last))
+        take(readWeekday(at, lead));
+    if (begins(RelativeDay, TonightWord, Now, This, Last))
+        take(readRelative(at));
+    if (begins(Unit, This, Next, Last))
+        take(readUnit(at));
+    if (begins(EndOf, EndOfUnit))
+        take(readEndOf(at));
+    if (begins(Weekend, This, Next, Last))
+        take(readWeekend(at));
+    if (begins(DayPartWord))
+        take(readPartOf(at));
+    if (isNumber || begins(Ordinal))
+        take(readNthWeekday(at));
+    if (isNumber || begins(Number, Ordinal)) {
+        take(readNumberMonth(at));
+        take(readDayOfMonth(at, lead));
+    }
+    if (isNumber || begins(In, Number, Minutes, Unit))
+        take(readOffset(at));
     return best;
 }
 
@@ -218,7 +230,7 @@ bool DayReader::readBase(DayRead &base, int &direction)
 
 int DayReader::readModifiedUnit(int at, DateUnit unit, int &next) const
 {
-    const auto isUnit = [this, unit](const DateText::Sense *sense) {
+    const auto isUnit = [unit](const DateText::Sense *sense) {
         return sense && sense->value == static_cast<int>(unit) && !sense->has(Ambiguous);
     };
     for (const WordKind kind : { WordKind::This, WordKind::Next, WordKind::Last }) {

@@ -22,7 +22,9 @@ std::optional<DatePhrase> PhraseReader::read(int at)
     if (!m_text.beginsCleanly(at))
         return std::nullopt;
     const int afterFor = m_text.skip(at, WordKind::For);
-    auto length = readLength(m_text, afterFor);
+    const bool mayBeLength = m_text.isNumber(afterFor)
+        || (afterFor < m_text.size() && m_text.hasAny(afterFor, maskOf(WordKind::Number, WordKind::Minutes)));
+    auto length = mayBeLength ? readLength(m_text, afterFor) : std::nullopt;
     // "Il Sole 24 Ore ore 14"
     if (length && afterFor == at && m_text.isWord(length->next - 1) && m_text[length->next - 1].isCapital)
         length.reset();
@@ -130,8 +132,13 @@ std::optional<PhraseReader::Part> PhraseReader::readDay(int at, local_days ancho
 
 std::optional<PhraseReader::Part> PhraseReader::readPart(int at, local_days anchor)
 {
+    using enum WordKind;
+    if (at >= m_text.size())
+        return std::nullopt;
+    const bool mayBeTime = m_text.isNumber(at)
+        || m_text.hasAny(at, maskOf(At, HourMark, From, Between, About, Noon, Midnight, FractionBefore, Number));
     auto part = readDay(at, anchor);
-    const auto time = readTime(m_text, at, false);
+    const auto time = mayBeTime ? readTime(m_text, at, false) : std::nullopt;
     if (part && (!time || part->next >= time->next)) {
         if (!part->moment.clock && !part->moment.instant)
             addTime(*part);
@@ -139,7 +146,7 @@ std::optional<PhraseReader::Part> PhraseReader::readPart(int at, local_days anch
     }
     if (!time) {
         // "2-4 tomorrow": the day behind makes a time of it.
-        const auto beside = readTime(m_text, at, true);
+        const auto beside = mayBeTime ? readTime(m_text, at, true) : std::nullopt;
         if (!beside || !beside->end)
             return std::nullopt;
         Part early { .moment = { .clock = beside->start }, .timeEnd = beside->end, .next = beside->next };
