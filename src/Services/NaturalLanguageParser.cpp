@@ -45,7 +45,7 @@ void extractLocation(QStringView text, ParsedEvent &event)
         const QStringView candidate = trimmedOfBlanks(text.sliced(at + marker.size()));
         const bool isTime = std::ranges::any_of(
             kNoLocations, [candidate](QStringView word) { return candidate.compare(word, Qt::CaseInsensitive) == 0; });
-        if (isTime || candidate.size() < kShortestLocation)
+        if (isTime || candidate.toUcs4().size() < kShortestLocation)
             continue;
         event.location = candidate.toString();
         event.title = trimmedOfBlanks(text.first(at)).toString();

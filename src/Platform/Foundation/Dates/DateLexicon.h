@@ -87,7 +87,6 @@ enum WordTrait : quint8 {
     Abbreviated = 1, ///< may have a full stop; counts in the user's own language only
     Ambiguous = 2, ///< an everyday word too: needs company
     Behind = 4, ///< stands behind the word that it tells about, or before it
-    Elided = 8, ///< ends in an apostrophe
 };
 
 /// One meaning of one or more words.
@@ -147,7 +146,7 @@ constexpr quint64 maskOf(WordKind kind)
     return quint64 { 1 } << static_cast<int>(kind);
 }
 
-template<typename... Kinds>
+template <typename... Kinds>
 constexpr quint64 maskOf(WordKind first, Kinds... others)
 {
     return maskOf(first) | maskOf(others...);

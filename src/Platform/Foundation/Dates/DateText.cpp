@@ -5,6 +5,8 @@ namespace mintaro {
 namespace {
 
 constexpr qsizetype kMostDigits = 8;
+/// Below those of all marks.
+constexpr int kCodeOfNumbers = -0x10000;
 
 bool isDigit(QChar character)
 {
@@ -81,8 +83,11 @@ DateTokens split(QStringView text, const NumberOf &numberOf)
         if (isDigit(first)) {
             token.kind = DateToken::Kind::Number;
             token.length = static_cast<int>(endOf(text, at, isDigit) - at);
-            if (token.length <= kMostDigits)
+            token.code = kCodeOfNumbers;
+            if (token.length <= kMostDigits) {
                 token.value = text.sliced(at, token.length).toInt();
+                token.code -= token.value + 1;
+            }
         } else if (isPartOfWord(first) && !first.isMark()) {
             token.kind = DateToken::Kind::Word;
             token.length = static_cast<int>(endOf(text, at, isPartOfWord) - at);

@@ -23,7 +23,9 @@ struct DateToken
     int location; ///< UTF-16 offset
     int length; ///< in UTF-16 units
     int value; ///< of a number with up to eight digits; else -1
-    int code; ///< of a word its number in the vocabulary, of a mark its negative character; else 0
+    /// What words of the lexicon are compared by: of a word its number in the vocabulary, 0 for one that is not in it;
+    /// of a mark its negative character; of a number something below these.
+    int code;
 
     /// Of a word: is nothing but that letter.
     [[nodiscard]] bool isLetter(char16_t single) const { return kind == Kind::Word && length == 1 && letter == single; }

@@ -161,7 +161,7 @@ constexpr WordRow kRows[] = {
         u"liters|gb|mb|"
         u"tb|kb|mhz|ghz|kw|kwh|mph|kmh|cal|kcal|stars|star|points|pts|goals|items|pages|pcs|pieces|tickets|times|x|"
         u"degrees|sets|"
-        u"reps|cups|cup|tbsp|tsp|bottles|boxes|copies|rooms|questions|votes|employees|members|users|units|billion|"
+        u"reps|cups|cup|tbsp|tsp|bottles|boxes|copies|rooms|questions|votes|employees|members|users|billion|"
         u"million|"
         u"thousand|k|hundred|dozen|floors|of us|of them|or more|or "
         u"so|seats|desks|tables|players|teams|laps|rounds|lines|steps|"

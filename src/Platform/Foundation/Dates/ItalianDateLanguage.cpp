@@ -194,7 +194,7 @@ constexpr WordRow kRows[] = {
     { NameAfter, 0,
         u"addams|del villaggio|ponti|santo|santa|grasso|sport|nero|in albis|delle palme|pomeriggio "
         u"tv|rosso|mediterraneo|adriatico|tirreno|"
-        u"ionio|baltico|caspio|morto|ligure|egeo|nostrum|piccolo|grande|perignon|verde|baltico" },
+        u"ionio|baltico|caspio|morto|ligure|egeo|nostrum|piccolo|grande|perignon|verde" },
     { Scripture, 0, u"giovanni|luca|marco|matteo|genesi|esodo|salmo|romani|corinzi|isaia|atti|giacomo|pietro|timoteo" },
     { Media, 0,
         u"dvd|vhs|vinile|poster|spartito|accordi|testo|testo di|karaoke|colonna sonora|arretrati|abbonamento|giro di "

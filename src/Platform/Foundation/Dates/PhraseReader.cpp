@@ -145,9 +145,10 @@ std::optional<PhraseReader::Part> PhraseReader::readPart(int at, local_days anch
         return part;
     }
     if (!time) {
-        // "2-4 tomorrow": the day behind makes a time of it.
+        // "2-4 tomorrow", "midnight tomorrow": the day behind makes a time of it.
         const auto beside = mayBeTime ? readTime(m_text, at, true) : std::nullopt;
-        if (!beside || !beside->end)
+        const bool isNamed = beside && (m_text.sense(at, Noon) || m_text.sense(at, Midnight));
+        if (!beside || (!beside->end && !isNamed))
             return std::nullopt;
         Part early { .moment = { .clock = beside->start }, .timeEnd = beside->end, .next = beside->next };
         addDay(early);
@@ -159,11 +160,11 @@ std::optional<PhraseReader::Part> PhraseReader::readPart(int at, local_days anch
 }
 
 /// Behind the date of ISO 8601: T10:30, T10:30:00Z, T103000+0200.
-bool PhraseReader::addIsoTime(Part &part) const
+void PhraseReader::addIsoTime(Part &part) const
 {
     int at = part.next;
     if (!m_text.isGlued(at) || !m_text[at].isLetter(u't') || !m_text.isGluedNumber(at + 1))
-        return false;
+        return;
     ++at;
     WrittenTime clock { .hour = 0, .is24Hour = true };
     const DateToken &first = m_text[at];
@@ -182,10 +183,10 @@ bool PhraseReader::addIsoTime(Part &part) const
         clock = { .hour = value / 10000, .minute = value / 100 % 100, .second = value % 100, .is24Hour = true };
         ++at;
     } else {
-        return false;
+        return;
     }
     if (clock.hour > 24 || clock.minute > 59 || clock.second > 59)
-        return false;
+        return;
     part.moment.clock = clock;
     part.next = at;
     const local_seconds reading
@@ -201,13 +202,16 @@ bool PhraseReader::addIsoTime(Part &part) const
         const int offset = hasColon      ? value * 60 + m_text[at + 3].value
             : m_text[at + 1].length == 4 ? value / 100 * 60 + value % 100
                                          : value * 60;
+        // No clock is further ahead or behind (UTC+14, UTC-12).
+        constexpr int kMostMinutes = 14 * 60;
+        if (value < 0 || m_text[at + 1].length % 2 != 0 || offset > kMostMinutes)
+            return;
         part.moment.instant = utc - (m_text.isDash(at) ? -1 : 1) * minutes { offset };
         part.next = at + (hasColon ? 4 : 2);
     }
-    return true;
 }
 
-bool PhraseReader::addTime(Part &part) const
+void PhraseReader::addTime(Part &part) const
 {
     const bool isColon = m_text.isGluedMark(part.next, u':') && !m_text.isGlued(part.next + 1);
     const int at = isColon ? part.next + 1 : skipGlue(part.next);
@@ -216,12 +220,11 @@ bool PhraseReader::addTime(Part &part) const
     if (!time && m_text.isWord(at) && m_text.sense(at, WordKind::And) == nullptr)
         time = readTime(m_text, m_text.skip(at, WordKind::On), true);
     if (!time)
-        return false;
+        return;
     part.moment.clock = time->start;
     part.timeEnd = time->end;
     part.next = time->next;
     addYear(part);
-    return true;
 }
 
 /// The year behind the time, as clocks and servers write it: "Thu Oct 26 11:00:09 2023".

@@ -36,8 +36,8 @@ private:
     [[nodiscard]] std::optional<DatePhrase> readMoments(int at);
     [[nodiscard]] std::optional<Part> readPart(int at, std::chrono::local_days anchor);
     [[nodiscard]] std::optional<Part> readDay(int at, std::chrono::local_days anchor);
-    bool addTime(Part &part) const;
-    bool addIsoTime(Part &part) const;
+    void addTime(Part &part) const;
+    void addIsoTime(Part &part) const;
     void addYear(Part &part) const;
     void addDay(Part &part);
     void addEnd(DatePhrase &phrase, Part &part, bool isBetween);
