@@ -177,7 +177,7 @@
     </message>
     <message id="All Future Events">
         <source>All Future Events</source>
-        <translation>Tutti i futuri</translation>
+        <translation>Tutti i successivi</translation>
     </message>
     <message id="accessibility.time %@">
         <source>accessibility.time %@</source>
@@ -257,7 +257,7 @@
     </message>
     <message id="editor.restored">
         <source>editor.restored</source>
-        <translation>Questo non è stato salvato.</translation>
+        <translation>Questi dati non sono stati salvati.</translation>
     </message>
     <message id="Discard">
         <source>Discard</source>

@@ -82,7 +82,10 @@ QCoro::Task<> AppState::deleteEvent(CalendarEvent event, EKSpan span)
             co_return;
         tellOfFailure(QStringLiteral("Failed to delete event: %1").arg(QString::fromUtf8(error.what())));
     }
-    if (self)
+    // Meanwhile the user may have been asked about another.
+    const bool isPending = self && m_pendingDeleteEvent && m_pendingDeleteEvent->id == event.id
+        && m_pendingDeleteEvent->startDate == event.startDate;
+    if (isPending)
         setPendingDeleteEvent(std::nullopt);
 }
 

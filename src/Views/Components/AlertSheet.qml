@@ -1,4 +1,5 @@
 import QtQuick
+import QtQuick.Templates as T
 
 import Mintaro
 
@@ -15,6 +16,7 @@ Sheet {
 
     signal confirmed
 
+    closePolicy: T.Popup.CloseOnEscape
     onOpened: (root.cancelText === "" ? confirm : cancel).forceActiveFocus(Qt.TabFocusReason)
 
     contentWidth: 268

@@ -3,8 +3,8 @@ import QtQuick.Templates as T
 
 import Mintaro
 
-/// Something to be answered before all else in the card that is its parent. Escape closes it; the keyboard goes back to
-/// where it was.
+/// Something to be answered before all else in the card that is its parent. Escape and a press beside it close it; the keyboard
+/// goes back to where it was.
 T.Popup {
     id: root
 
@@ -26,7 +26,7 @@ T.Popup {
     modal: true
     // The window's own would lie over the card's shadow too.
     dim: false
-    closePolicy: T.Popup.CloseOnEscape
+    closePolicy: T.Popup.CloseOnEscape | T.Popup.CloseOnPressOutside
     onAboutToShow: root.opener = root.parent.Window.activeFocusItem
     onClosed: root.opener?.forceActiveFocus(Qt.PopupFocusReason)
 

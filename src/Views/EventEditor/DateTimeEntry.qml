@@ -38,7 +38,7 @@ T.TextField {
     onAccepted: root.commit()
     // Not when the window loses the keyboard: who comes back goes on typing.
     onActiveFocusChanged: {
-        if (!root.activeFocus)
+        if (!root.activeFocus && root.Window.active)
             root.commit();
         else if (root.focusReason === Qt.TabFocusReason || root.focusReason === Qt.BacktabFocusReason)
             root.selectAll();

@@ -107,6 +107,9 @@ void EventEditorViewController::setDates(Date start, Date end)
     if (start == m_draft.startDate && end == m_draft.endDate)
         return;
     const auto offset = alertOffset();
+    // An alert at a fixed moment goes along with the event that it is for.
+    if (start != m_draft.startDate && m_draft.alarm && m_draft.alarm->absoluteDate)
+        m_draft.alarm = EKAlarm { {}, *offset };
     m_draft.startDate = start;
     m_draft.endDate = end;
     Q_EMIT datesChanged();

@@ -33,7 +33,8 @@ FocusScope {
             root.edited();
         }
         onAccepted: controller.commit()
-        onActiveFocusChanged: if (!field.activeFocus) controller.commit()
+        // Not when the window loses the keyboard: who comes back goes on typing.
+        onActiveFocusChanged: if (!field.activeFocus && field.Window.active) controller.commit()
     }
     Row {
         id: preview

@@ -23,6 +23,7 @@ void NaturalLanguageFieldController::setText(const QString &text)
     if (text == m_text)
         return;
     m_settledText = text;
+    m_isLoaded = true;
     edit(text);
 }
 
@@ -40,10 +41,19 @@ void NaturalLanguageFieldController::commit()
     if (m_text == m_settledText)
         return;
     const std::optional<ParsedEvent> before = parse(std::exchange(m_settledText, m_text));
-    const std::optional<ParsedEvent> event = parse(m_text);
-    // A date that stood there before is not the user's: mending a title must not move the event.
-    if (event && event->startDate && !(before && before->startDate == event->startDate))
-        Q_EMIT parsed(*event);
+    const bool wasLoaded = std::exchange(m_isLoaded, false);
+    std::optional<ParsedEvent> event = parse(m_text);
+    if (!event || !event->startDate)
+        return;
+    if (before && before->startDate == event->startDate && before->endDate == event->endDate) {
+        // A date that stood in a loaded title is not the user's: mending the title must not move the event.
+        if (wasLoaded)
+            return;
+        // One that was handed on before may have been changed since.
+        event->startDate.reset();
+        event->endDate.reset();
+    }
+    Q_EMIT parsed(*event);
 }
 
 QString NaturalLanguageFieldController::previewDate() const

@@ -27,7 +27,6 @@ public:
     [[nodiscard]] const QString &text() const { return m_text; }
     /// A text that the user did not type: it is previewed, and never handed on.
     void setText(const QString &text);
-    [[nodiscard]] const std::optional<ParsedEvent> &parsedPreview() const { return m_parsedPreview; }
     /// The line holds a date.
     [[nodiscard]] bool hasPreview() const { return m_parsedPreview && m_parsedPreview->startDate; }
     /// Its start in the locale's words; empty without a preview.
@@ -55,6 +54,8 @@ private:
     QString m_text;
     /// The text as it was set or last committed.
     QString m_settledText;
+    /// The settled text was set rather than committed.
+    bool m_isLoaded = false;
     std::optional<ParsedEvent> m_parsedPreview;
 };
 

@@ -24,6 +24,8 @@ Item {
         id: drop
         anchors { right: parent.right; verticalCenter: parent.verticalCenter }
         accessibleName: qsTrId("Discard")
+        // The field that has the keyboard settles first.
+        focusPolicy: Qt.StrongFocus
         padding: 4
         leftPadding: 8
         rightPadding: 8
