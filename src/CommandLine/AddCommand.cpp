@@ -84,8 +84,8 @@ Times parseTimes(const QCommandLineParser &arguments, const ParsedEvent &sentenc
     const bool isAllDay = start.isDay || arguments.isSet(QStringLiteral("all-day"));
     const auto end = value(arguments, "end");
     const auto duration = value(arguments, "duration");
-    if (!option && !end && !duration)
-        return { start.date, *sentence.endDate, isAllDay };
+    if (!start.isDay && !end && !duration && sentence.startDate)
+        return { start.date, start.date + (*sentence.endDate - *sentence.startDate), isAllDay };
     if (end && duration)
         throw wrong("duration", QStringLiteral("there is an --end already"));
     if (duration)
