@@ -103,6 +103,21 @@ void parseWithPeer(benchmark::State &state)
     }
 }
 
+/// A line of 200 characters, parsed at each key as the entry field does.
+void typeLine(benchmark::State &state)
+{
+    constexpr int kLength = 200;
+    const QString line
+        = QStringLiteral("Lunch with Anna and the others tomorrow from 12:30 to 14 at Roma, then friday 5 june ")
+              .repeated(3)
+              .left(kLength);
+    const Reader reader(Date { std::chrono::sys_days { std::chrono::year { 2026 } / 3 / 10 } }, Locale {},
+        TimeZone::named(QStringLiteral("Europe/Rome")).value());
+    for ([[maybe_unused]] auto _ : state)
+        for (int length = 1; length <= kLength; ++length)
+            benchmark::DoNotOptimize(reader.parser.parse(line.left(length)));
+}
+
 void parseLong(benchmark::State &state, const char *piece)
 {
     const QString line = QString::fromUtf8(piece).repeated(kLongLine).left(kLongLine);
@@ -124,6 +139,10 @@ std::vector<std::pair<std::string, std::string>> addSentences()
         ->Unit(benchmark::kMillisecond)
         ->UseManualTime()
         ->Iterations(1)
+        ->Repetitions(kRepetitions);
+    benchmark::RegisterBenchmark("typing-200-keys", typeLine)
+        ->Unit(benchmark::kMillisecond)
+        ->UseRealTime()
         ->Repetitions(kRepetitions);
     std::vector<std::pair<std::string, std::string>> ratios { { "sentences", "sentences-chrono-node" } };
     for (const auto &[name, piece] : std::initializer_list<std::pair<const char *, const char *>> {

@@ -48,6 +48,10 @@ std::optional<Found> nextPhrase(PhraseReader &reader, const DateText &text, int 
         if (!text.isNumber(at) && !text.hasAny(at, kBeginnings))
             continue;
         auto phrase = reader.read(at);
+        if (phrase && phrase->isTitle) {
+            at = phrase->next - 1;
+            continue;
+        }
         // What the user's own language does not know must at least have a word of the other.
         if (phrase && (text.isOwnLanguage() || text.hasWord(at, phrase->next)))
             return Found { at, *phrase };

@@ -54,6 +54,8 @@ struct DatePhrase
     std::optional<DateLength> length {};
     /// From the start that was named to the one that was meant: "2 hours before noon".
     std::chrono::seconds shift { 0 };
+    /// A part of a title rather than a date.
+    bool isTitle = false;
     int next = 0; ///< the token behind it
 };
 

@@ -212,7 +212,8 @@ DayReader::Days DayReader::readNumberMonth(int at) const
         return std::nullopt;
     // "group 1 may arrive"
     const auto *verb = m_text.sense(next, WordKind::NotAfter);
-    if (month->has(Ambiguous) && ((verb && verb->value == 1) || m_text.isBehind(at, WordKind::NotBefore)))
+    const bool isNamed = !numbers->isOrdinal && m_text.isBehind(at, WordKind::NotBefore);
+    if (month->has(Ambiguous) && ((verb && verb->value == 1) || isNamed))
         return std::nullopt;
     const int stop = month->has(Abbreviated) ? skipStop(next) : next;
     int behindYear = stop;

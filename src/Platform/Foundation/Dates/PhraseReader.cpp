@@ -29,8 +29,10 @@ std::optional<DatePhrase> PhraseReader::read(int at)
     if (length && afterFor == at && m_text.isWord(length->next - 1) && m_text[length->next - 1].isCapital)
         length.reset();
     auto best = readMoments(at);
-    if (best && isInTitle(at, *best))
-        return std::nullopt;
+    if (best && isInTitle(at, *best)) {
+        best->isTitle = true;
+        return best;
+    }
     if (length && afterFor == at)
         if (auto shifted = readBeforeOrAfter(*length))
             return shifted;

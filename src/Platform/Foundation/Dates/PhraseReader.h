@@ -16,7 +16,7 @@ public:
     {
     }
 
-    /// The longest phrase that begins at that token.
+    /// The longest phrase that begins at that token; one that is a part of a title says so.
     [[nodiscard]] std::optional<DatePhrase> read(int at);
 
 private:
