@@ -274,7 +274,10 @@ TEST_F(EventEditorViewControllerTest, AnEventThatWentMeanwhileIsToldAndItsInputK
     ASSERT_TRUE(QFile::remove(path(u"work/a.ics"_qs)));
     save();
     EXPECT_FALSE(world.state().errorMessage().isEmpty());
-    EXPECT_EQ(open(before).notes(), u"long thoughts"_qs);
+    EXPECT_FALSE(open(before).isRestored());
+    EXPECT_EQ(open(std::nullopt).notes(), u"long thoughts"_qs) << "what has gone cannot be opened again";
+    editor->keepRestored();
+    EXPECT_EQ(open(std::nullopt).notes(), u"long thoughts"_qs) << "closing the editor drops nothing";
 }
 
 TEST_F(EventEditorViewControllerTest, ASaveOutlivesItsEditor)

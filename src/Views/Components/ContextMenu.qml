@@ -13,7 +13,7 @@ T.Menu {
     /// What had the keyboard before.
     property Item opener: null
 
-    implicitWidth: Math.max(120, root.contentWidth) + root.leftPadding + root.rightPadding
+    implicitWidth: Math.max(120, root.widestEntry()) + root.leftPadding + root.rightPadding
     implicitHeight: root.contentHeight + root.topPadding + root.bottomPadding
     margins: Theme.popupMargin
     padding: 4
@@ -31,6 +31,13 @@ T.Menu {
         currentIndex: root.currentIndex
         interactive: false
         Accessible.role: Accessible.PopupMenu
+    }
+
+    function widestEntry(): real {
+        let widest = 0;
+        for (let i = 0; i < root.count; ++i)
+            widest = Math.max(widest, root.itemAt(i).implicitWidth);
+        return widest;
     }
 
     Repeater {

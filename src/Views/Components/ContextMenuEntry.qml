@@ -14,7 +14,7 @@ T.MenuItem {
 
     readonly property color ink: root.highlighted ? Theme.onAccent : root.isDestructive ? Theme.red : Theme.primary
 
-    implicitWidth: implicitContentWidth
+    implicitWidth: implicitContentWidth + leftPadding + rightPadding
     implicitHeight: root.isSeparator ? 9 : Theme.menuRowHeight
     enabled: !root.isSeparator
     hoverEnabled: true

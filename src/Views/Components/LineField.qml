@@ -27,8 +27,12 @@ T.TextField {
     Accessible.role: Accessible.EditableText
     Accessible.name: root.accessibleName
     onTextEdited: root.edited()
+    // A long line that nobody types in shows its beginning.
+    onTextChanged: if (!root.activeFocus) root.cursorPosition = 0
     onActiveFocusChanged: {
-        if (root.activeFocus && (root.focusReason === Qt.TabFocusReason || root.focusReason === Qt.BacktabFocusReason))
+        if (!root.activeFocus)
+            root.cursorPosition = 0;
+        else if (root.focusReason === Qt.TabFocusReason || root.focusReason === Qt.BacktabFocusReason)
             root.selectAll();
     }
 

@@ -61,7 +61,8 @@ T.TextField {
     TextMetrics {
         id: measure
         font: root.font
-        text: root.shown.replace(/\d/g, "0")
+        // One and two digits of the hour take the same room, so that fields below each other are aligned.
+        text: root.shown.replace(/\d/g, "0").replace(/^0:/, "00:")
     }
 
     function commit() {

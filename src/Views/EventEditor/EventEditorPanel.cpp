@@ -35,6 +35,7 @@ void EventEditorPanel::close()
         return;
     disconnect(&m_editor->controller, nullptr, this, nullptr);
     disconnect(&m_editor->panel, nullptr, this, nullptr);
+    m_editor->controller.keepRestored();
     m_editor->panel.hide();
     m_closed.push_back(std::move(m_editor));
     QMetaObject::invokeMethod(

@@ -84,6 +84,7 @@ FocusScope {
             focus: true
             onSelected: span => root.controller.chooseSpan(span)
         }
+        onOpened: (contentItem as RecurrenceSpanPicker).takeFocus()
         onClosed: root.controller.showSpanPicker = false
     }
 

@@ -221,18 +221,31 @@ QCoro::Task<> EventEditorViewController::performSave(EKSpan span)
     const std::optional<EKEvent> existingEvent = m_existingEvent;
     const EventDraft draft = m_draft;
     setSaving(true);
+    std::optional<QString> failure;
     try {
         co_await appState->saveEvent(existingEvent, draft, span);
     } catch (const EKError &error) {
-        if (appState) {
-            appState->keepRejectedDraft(existingEvent, draft);
-            appState->tellOfFailure(QStringLiteral("Failed to save event: %1").arg(QString::fromUtf8(error.what())));
-        }
+        failure = QString::fromUtf8(error.what());
+    }
+    // What has gone cannot be opened any more: its input is offered for a new event.
+    const bool isGone = failure && appState && existingEvent
+        && !co_await appState->eventStore().eventWithIdentifier(
+            existingEvent->eventIdentifier(), existingEvent->startDate());
+    if (failure && appState) {
+        appState->keepRejectedDraft(isGone ? std::nullopt : existingEvent, draft);
+        appState->tellOfFailure(QStringLiteral("Failed to save event: %1").arg(*failure));
     }
     if (!self)
         co_return;
+    m_isRestored = false;
     setSaving(false);
     closeEditor();
+}
+
+void EventEditorViewController::keepRestored()
+{
+    if (m_isRestored && !m_isSaving)
+        m_appState.keepRejectedDraft(m_existingEvent, m_draft);
 }
 
 void EventEditorViewController::closeEditor()

@@ -76,6 +76,9 @@ public:
     Q_INVOKABLE void applyParsed(const mintaro::ParsedEvent &parsed);
     /// Puts back what the event says, or what a new one begins with.
     Q_INVOKABLE void dropRestored();
+    /// Offers restored input again the next time, since it was neither saved nor dropped. To be called when the editor
+    /// closes.
+    void keepRestored();
     /// Saves, or asks first how far the change of a repeating event reaches.
     Q_INVOKABLE void handleSave();
     /// `span`: a value of EKSpan.

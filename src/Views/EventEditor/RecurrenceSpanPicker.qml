@@ -15,6 +15,11 @@ FocusScope {
     Accessible.role: Accessible.Dialog
     Accessible.name: heading.text
 
+    /// Return is to press what has the ring.
+    function takeFocus() {
+        onlyThis.forceActiveFocus(Qt.TabFocusReason);
+    }
+
     Column {
         id: column
         y: Theme.sheetPadding
@@ -44,6 +49,7 @@ FocusScope {
             spacing: 12
 
             PushButton {
+                id: onlyThis
                 focus: true
                 text: qsTrId("Only This Event")
                 onClicked: root.selected(EKSpan.ThisEvent)

@@ -63,6 +63,7 @@ FocusScope {
             focus: true
             onSelected: span => controller.deletePending(span)
         }
+        onOpened: (contentItem as RecurrenceSpanPicker).takeFocus()
         onClosed: controller.cancelDelete()
     }
     AlertSheet {
