@@ -157,6 +157,9 @@ DayReader::Days DayReader::readOffset(int at)
 {
     const auto *in = m_text.sense(at, WordKind::In);
     auto length = readLength(m_text, in ? at + in->count : at);
+    // "10 km in 45 minutes"
+    if (length && in && length->length.isExact() && m_text.isNumber(at - 2) && isCounted(m_text, at - 1))
+        return std::nullopt;
     // "Around the World in 80 Days"
     if (length && in && m_text.isWord(length->next - 1) && m_text[length->next - 1].isCapital && !m_text[at].isCapital)
         return std::nullopt;

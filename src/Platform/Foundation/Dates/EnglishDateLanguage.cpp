@@ -155,7 +155,8 @@ constexpr WordRow kRows[] = {
         u"court|"
         u"lane|bay|stand|dial|port|battery|vitamin|top|over|under|approx|only|all" },
     { NotAfter, 0,
-        u"people|persons|guests|guys|kids|adults|children|euro|euros|eur|dollar|dollars|usd|bucks|pounds|pound|quid|"
+        u"different|separate|people|persons|guests|guys|kids|adults|children|euro|euros|eur|dollar|dollars|usd|bucks|"
+        u"pounds|pound|quid|"
         u"gbp|cent|"
         u"cents|percent|kg|kgs|g|km|m|cm|mm|ml|l|lb|lbs|oz|ft|feet|inch|inches|miles|mile|mi|metres|meters|litres|"
         u"liters|gb|mb|"

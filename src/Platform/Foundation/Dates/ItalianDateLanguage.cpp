@@ -165,7 +165,8 @@ constexpr WordRow kRows[] = {
         u"porta|sportello|salmo|salmi|versetto|compito|esercizio|es|euro|formula|file|matematica|vitamina|serie|civico|"
         u"lotto|scheda" },
     { NotAfter, 0,
-        u"persone|invitati|ospiti|adulti|euro|eur|euri|dollari|sterline|cent|centesimi|percento|per cento|per "
+        u"k|diversi|diverse|persone|invitati|ospiti|adulti|euro|eur|euri|dollari|sterline|cent|centesimi|percento|per "
+        u"cento|per "
         u"mille|kg|g|gr|grammi|"
         u"km|m|cm|mm|ml|l|litri|litro|metri|metro|mq|etti|etto|chili|chilo|gb|mb|tb|kb|kw|kwh|kmh|cal|kcal|stelle|"
         u"stella|punti|gol|"

@@ -221,6 +221,11 @@ void PhraseReader::addTime(Part &part) const
     auto time = readTime(m_text, at, true);
     if (!time && m_text.isWord(at) && m_text.sense(at, WordKind::And) == nullptr)
         time = readTime(m_text, m_text.skip(at, WordKind::On), true);
+    // "tonight 8": at the end of a line nothing else is counted in the evening.
+    constexpr int kMostOpenHours = 12;
+    if (!time && part.moment.part && m_text.isNumber(at) && m_text[at].value > 0 && m_text[at].value <= kMostOpenHours
+        && m_text.isEnd(at + 1) && m_text.endsCleanly(at + 1))
+        time = TimeRead { { .hour = m_text[at].value, .isOpen = true }, std::nullopt, at + 1 };
     if (!time)
         return;
     part.moment.clock = time->start;
