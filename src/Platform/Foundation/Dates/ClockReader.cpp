@@ -387,7 +387,9 @@ bool isAcceptedRange(
         return true;
     if (lead.isAt || isBesideDay)
         return true;
-    if (isNamedNumber(text, at))
+    // Italian says "dalle 3 alle 5" of times, "da 3 a 5" of all else.
+    const bool isQuantity = lead.isFrom && !lead.isFromTime && text.language().plainDayOfMonth;
+    if (isNamedNumber(text, at) || isQuantity)
         return false;
     return lead.isFrom || lead.isBetween
         || (text.isOwnLanguage() && (end.evidence == Evidence::Sure || start.evidence == Evidence::Dotted));

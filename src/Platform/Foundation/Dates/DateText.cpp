@@ -255,6 +255,9 @@ bool DateText::endsCleanly(int at) const
         return false;
     if (mark == u'\'')
         return !isGlued(at + 1) || (*this)[at + 1].kind == DateToken::Kind::Mark;
+    // "monday.com"
+    if (mark == u'.' && isWord(at - 1) && isWord(at + 1) && isGlued(at + 1) && !hasSense(at + 1))
+        return false;
     if (!isNumber(at - 1) || !binding.contains(mark))
         return true;
     // "03.12.45-B" is the number of a part.

@@ -185,14 +185,16 @@ constexpr WordRow kRows[] = {
         u"graders|grader" },
     { NotAfter, 1, u"be|have|not|go|also|need|come|apply|want|take|arrive|enter|i|we|you|he|she|they|the|seem|cause" },
     { NameBefore, 0,
-        u"black|good|ruby|high|ash|super|casual|cyber|freaky|bloody|easter|palm|throwback|giving|fat|blue|manic|shrove|"
+        u"mr|mrs|ms|miss|dr|black|good|ruby|high|ash|super|casual|cyber|freaky|bloody|easter|palm|throwback|giving|fat|"
+        u"blue|manic|shrove|"
         u"maundy|"
         u"whit|low|mothering|lazy|stormy|tgi|wednesday|girl|man|taco|ask|dress down|gloomy|sunny" },
     { NameAfter, 0,
         u"times|night football|night live|night lights|night fever|cheri|ami|amour|best|drivers|driver|roast "
         u"recipe|school|supplement|addams|morning quarterback|blues" },
     { Scripture, 0,
-        u"john|luke|mark|matthew|genesis|exodus|psalm|psalms|romans|corinthians|isaiah|proverbs|hebrews|revelation|"
+        u"verse|verses|john|luke|mark|matthew|genesis|exodus|psalm|psalms|romans|corinthians|isaiah|proverbs|hebrews|"
+        u"revelation|"
         u"ephesians|"
         u"philippians|galatians|acts|james|peter|timothy" },
     { Measure, 0,

@@ -150,7 +150,8 @@ constexpr WordRow kRows[] = {
     { About, 0, u"circa|verso|le|l'|ore circa" },
     { Of, 0, u"di|del|della|dell'|dello|nel|nella|il|la|in|d'|de" },
     { NotBefore, 0,
-        u"pressione|npm|preso|punta|esercizi|stanza|stanze|camera|camere|aula|sala|pagina|pagine|pag|pagg|pp|capitoli|"
+        u"cod|matricola|isbn|pressione|npm|preso|punta|esercizi|stanza|stanze|camera|camere|aula|sala|pagina|pagine|"
+        u"pag|pagg|pp|capitoli|"
         u"paragrafo|paragrafi|sezioni|versetti|lezioni|capitolo|cap|sezione|parte|versione|vers|v|volume|vol|"
         u"n|nr|no|num|numero|numeri|binario|linea|autobus|bus|tram|metro|treno|volo|uscita|gate|piano|livello|interno|"
         u"int|scala|"
@@ -196,7 +197,9 @@ constexpr WordRow kRows[] = {
         u"addams|del villaggio|ponti|santo|santa|grasso|sport|nero|in albis|delle palme|pomeriggio "
         u"tv|rosso|mediterraneo|adriatico|tirreno|"
         u"ionio|baltico|caspio|morto|ligure|egeo|nostrum|piccolo|grande|perignon|verde" },
-    { Scripture, 0, u"giovanni|luca|marco|matteo|genesi|esodo|salmo|romani|corinzi|isaia|atti|giacomo|pietro|timoteo" },
+    { Scripture, 0,
+        u"versetto|versetti|giovanni|luca|marco|matteo|genesi|esodo|salmo|romani|corinzi|isaia|atti|giacomo|pietro|"
+        u"timoteo" },
     { Media, 0,
         u"dvd|vhs|vinile|poster|spartito|accordi|testo|testo di|karaoke|colonna sonora|arretrati|abbonamento|giro di "
         u"chitarra|"

@@ -84,7 +84,8 @@ DayReader::Days DayReader::readNumeric(int at, const Lead &lead) const
     if (!lead.isAny && second > behind && m_text.isNumber(second) && m_text.isGluedMark(second + 1, u'/'))
         return std::nullopt;
     const bool isNamed = !lead.isAny
-        && (m_text.isBehind(at, WordKind::NotBefore) || m_text.isBehind(at, WordKind::In) || isHouseNumber(at));
+        && (m_text.isBehind(at, WordKind::NotBefore) || m_text.isBehind(at, WordKind::In)
+            || m_text.isBehind(at, WordKind::Measure) || isHouseNumber(at));
     const bool isNumberOfSomething = isCounted(m_text, behind) || isNamed || isStreetName(at, at);
     if (!lead.isAny && (!isSlash || isAlways || isFraction))
         return std::nullopt;
