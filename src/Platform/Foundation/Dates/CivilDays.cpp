@@ -86,6 +86,16 @@ std::optional<local_days> nthWeekday(year_month month, int weekday, int number)
     return monthOf(found) == month ? std::optional(found) : std::nullopt;
 }
 
+std::optional<local_days> firstOfMonth(local_days today, int month, std::optional<int> year)
+{
+    return year ? dayOf(*year, month, 1) : monthDayFrom(local_days { monthOf(today) / 1 }, month, 1);
+}
+
+bool isWrittenYear(int number)
+{
+    return number >= 1900 && number <= 2199;
+}
+
 local_days monthsLater(local_days day, months count)
 {
     const year_month_day civil { day };

@@ -24,6 +24,11 @@ namespace mintaro {
 [[nodiscard]] std::optional<std::chrono::local_days> dayOf(int year, int month, int number);
 /// The first (1) to fifth (5) such weekday of a month, or the last (-1).
 [[nodiscard]] std::optional<std::chrono::local_days> nthWeekday(std::chrono::year_month month, int weekday, int number);
+/// The first day of that month: of the year, or where that is absent of this month or the next such one.
+[[nodiscard]] std::optional<std::chrono::local_days> firstOfMonth(
+    std::chrono::local_days today, int month, std::optional<int> year);
+/// A number of four digits that people write as a year.
+[[nodiscard]] bool isWrittenYear(int number);
 /// Months later; in a month that is too short its last day.
 [[nodiscard]] std::chrono::local_days monthsLater(std::chrono::local_days day, std::chrono::months months);
 [[nodiscard]] std::chrono::year_month monthOf(std::chrono::local_days day);

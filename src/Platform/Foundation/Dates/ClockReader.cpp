@@ -154,7 +154,6 @@ void readHalf(const DateText &text, ClockRead &read, Anchor anchor)
         read.evidence = Evidence::Sure;
     }
     if (const auto *half = text.sense(read.next, WordKind::Meridiem)) {
-        // A full stop that ends the sentence is not the meridiem's.
         setPart(read, partOf(*half), read.next + half->count);
         return;
     }
@@ -330,13 +329,10 @@ bool isNamedNumber(const DateText &text, int at)
 {
     if (isMeasured(text, at))
         return true;
-    // "exercises 3.15 and 4.20"
-    if (text.isMark(at - 1, u':') && text.isBehind(at - 1, WordKind::NotBefore))
-        return true;
+    // "version: 3.30", "p. 3.15", and the second of "exercises 3.15 and 4.20"
+    const bool isMarked = text.isMark(at - 1, u':') || text.isMark(at - 1, u'.');
     const bool isSecond = text.isBehind(at, WordKind::And) && text.isNumber(at - 2) && text.isGluedMark(at - 3, u'.');
-    if (text.isBehind(isSecond ? at - 4 : at, WordKind::NotBefore))
-        return true;
-    return text.isMark(at - 1, u'.') && text.isBehind(at - 1, WordKind::NotBefore);
+    return text.isBehind(isSecond ? at - 4 : isMarked ? at - 1 : at, WordKind::NotBefore);
 }
 
 bool isSureEnough(const DateText &text, int at, const Lead &lead, const ClockRead &read)

@@ -83,6 +83,17 @@ enum class WordKind : quint8 {
 enum class DateUnit { Second, Minute, Hour, Day, Week, Fortnight, Month, Year };
 enum class DayPart { Morning, Afternoon, Evening, Night };
 
+/// As the value of a row.
+constexpr int of(DateUnit unit)
+{
+    return static_cast<int>(unit);
+}
+
+constexpr int of(DayPart part)
+{
+    return static_cast<int>(part);
+}
+
 enum WordTrait : quint8 {
     Abbreviated = 1, ///< may have a full stop; counts in the user's own language only
     Ambiguous = 2, ///< an everyday word too: needs company

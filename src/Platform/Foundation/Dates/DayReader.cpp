@@ -318,8 +318,7 @@ DayReader::Days DayReader::readEndOf(int at) const
     if (const auto *name = m_text.sense(body, WordKind::Month)) {
         int next = body + name->count;
         const auto year = yearAt(next, next);
-        const auto first = year ? dayOf(*year, name->value, 1)
-                                : monthDayFrom(local_days { monthOf(m_origin.today) / 1 }, name->value, 1);
+        const auto first = firstOfMonth(m_origin.today, name->value, year);
         return first ? Days { DayRead { .day = isEnd ? lastOf(monthOf(*first)) : *first, .next = next } }
                      : std::nullopt;
     }

@@ -95,6 +95,7 @@ private:
     [[nodiscard]] bool isName(int at, int next) const;
     [[nodiscard]] bool hasCompany(int at, int next, const Lead &lead) const;
     [[nodiscard]] bool isClock(int at) const;
+    [[nodiscard]] int skipGluedMark(int at) const;
     [[nodiscard]] int skipStop(int at) const;
 
     const DateText &m_text;

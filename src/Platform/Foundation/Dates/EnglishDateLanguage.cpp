@@ -6,16 +6,6 @@ namespace {
 
 using enum WordKind;
 
-constexpr int of(DateUnit unit)
-{
-    return static_cast<int>(unit);
-}
-
-constexpr int of(DayPart part)
-{
-    return static_cast<int>(part);
-}
-
 constexpr WordRow kRows[] = {
     { RelativeDay, 0, u"today|tdy" },
     { RelativeDay, 1, u"tomorrow|tomorow|tommorow|tommorrow|tmrw|tmw|tmr|tomoz" },

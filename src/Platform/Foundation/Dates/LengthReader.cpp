@@ -123,7 +123,7 @@ void addSmaller(const DateText &text, LengthRead &read, DateUnit unit)
     }
 }
 
-/// 90', and the minutes that follow "1h".
+/// 90'
 std::optional<LengthRead> readMarkedMinutes(const DateText &text, int at)
 {
     if (!text.isNumber(at) || text[at].value < 0 || text[at].value > kMost || !text.isGluedMark(at + 1, u'\''))

@@ -11,15 +11,8 @@ using namespace std::chrono;
 
 namespace {
 
-constexpr int kFirstYear = 1900;
-constexpr int kLastYear = 2199;
 constexpr int kMostDays = 31;
 constexpr int kMostMonths = 12;
-
-bool isYear(int value)
-{
-    return value >= kFirstYear && value <= kLastYear;
-}
 
 /// The year of two or four digits; empty for other numbers.
 std::optional<int> fullYear(const DateToken &number)
@@ -27,7 +20,7 @@ std::optional<int> fullYear(const DateToken &number)
     constexpr int kLastOfThisCentury = 60;
     if (number.length == 2)
         return number.value + (number.value > kLastOfThisCentury ? 1900 : 2000);
-    return number.length == 4 && isYear(number.value) ? std::optional(number.value) : std::nullopt;
+    return number.length == 4 && isWrittenYear(number.value) ? std::optional(number.value) : std::nullopt;
 }
 
 } // namespace
@@ -38,11 +31,11 @@ DayReader::Days DayReader::readIso(int at) const
     if (first.length == 8) {
         const auto day = dayOf(first.value / 10000, first.value / 100 % 100, first.value % 100);
         const bool hasTime = m_text.isGlued(at + 1) && m_text[at + 1].isLetter(u't');
-        if (!day || !isYear(first.value / 10000) || !hasTime)
+        if (!day || !isWrittenYear(first.value / 10000) || !hasTime)
             return std::nullopt;
         return DayRead { .day = *day, .next = at + 1, .isIso = true };
     }
-    if (first.length != 4 || !isYear(first.value))
+    if (first.length != 4 || !isWrittenYear(first.value))
         return std::nullopt;
     for (const char16_t mark : { u'-', u'/', u'.' }) {
         if (!m_text.isGluedMark(at + 1, mark) || !m_text.isGluedNumber(at + 2) || !m_text.isGluedMark(at + 3, mark)
@@ -91,7 +84,6 @@ DayReader::Days DayReader::readNumeric(int at, const Lead &lead) const
         return std::nullopt;
     if (isNumberOfSomething || (isStop && !lead.isDayOf) || (mark == u'-' && !lead.isDayOf))
         return std::nullopt;
-    // Of 15.30 and 8-10 a day's number is no part.
     const auto day = monthDayFrom(m_anchor, month, number);
     return day ? Days { DayRead { .day = *day, .next = behind, .isYearOpen = true } } : std::nullopt;
 }
@@ -182,7 +174,7 @@ std::optional<int> DayReader::yearAt(int at, int &next) const
     }
     const int plain = m_text.language().plainDayOfMonth ? m_text.skip(number, WordKind::Of) : number;
     for (const int place : { number, plain }) {
-        if (!m_text.isNumber(place) || m_text[place].length != 4 || !isYear(m_text[place].value)
+        if (!m_text.isNumber(place) || m_text[place].length != 4 || !isWrittenYear(m_text[place].value)
             || m_text.isGluedMark(place + 1, u':') || isCounted(m_text, place + 1)
             || (m_text.sense(place + 1, WordKind::HourName) && !m_text.isNumber(place + 2)))
             continue;
@@ -233,10 +225,8 @@ DayReader::Days DayReader::readMonthNumber(int at) const
     int number = at + month->count;
     if (month->has(Abbreviated))
         number = skipStop(number);
-    if ((m_text.isDash(number) || m_text.isMark(number, u'/')) && m_text.isGlued(number))
-        ++number;
-    else
-        number = m_text.skip(number, WordKind::Article);
+    const int behindMark = skipGluedMark(number);
+    number = behindMark > number ? behindMark : m_text.skip(number, WordKind::Article);
     const auto numbers = readNumbers(number, false);
     if (!numbers || isCounted(m_text, numbers->next))
         return std::nullopt;
@@ -273,19 +263,22 @@ DayReader::Days DayReader::readMonth(int at) const
     return day ? Days { DayRead { .day = *day, .next = year ? next : behind } } : std::nullopt;
 }
 
+/// Behind the hyphen or slash that joins a month to its neighbours.
+int DayReader::skipGluedMark(int at) const
+{
+    return m_text.isGlued(at) && (m_text.isDash(at) || m_text.isMark(at, u'/')) ? at + 1 : at;
+}
+
 /// "2026 May 22", "2026/Aug/10"
 DayReader::Days DayReader::readYearMonth(int at) const
 {
-    if (m_text[at].length != 4 || !isYear(m_text[at].value))
+    if (m_text[at].length != 4 || !isWrittenYear(m_text[at].value))
         return std::nullopt;
-    const auto behindMark = [this](int token) {
-        const bool isMark = m_text.isDash(token) || m_text.isMark(token, u'/');
-        return isMark && m_text.isGlued(token) ? token + 1 : token;
-    };
-    const auto *month = m_text.sense(behindMark(at + 1), WordKind::Month);
+    const int name = skipGluedMark(at + 1);
+    const auto *month = m_text.sense(name, WordKind::Month);
     if (!month)
         return std::nullopt;
-    const auto numbers = readNumbers(behindMark(behindMark(at + 1) + month->count), false);
+    const auto numbers = readNumbers(skipGluedMark(name + month->count), false);
     return numbers && !numbers->last ? monthDays(month->value, *numbers, numbers->next, m_text[at].value)
                                      : std::nullopt;
 }

@@ -237,11 +237,9 @@ void PhraseReader::addTime(Part &part) const
 /// The year behind the time, as clocks and servers write it: "Thu Oct 26 11:00:09 2023".
 void PhraseReader::addYear(Part &part) const
 {
-    constexpr int kFirstYear = 1900;
-    constexpr int kLastYear = 2199;
     const int at = part.next;
-    if (!part.moment.isYearOpen || !m_text.isNumber(at) || m_text[at].length != 4 || m_text[at].value < kFirstYear
-        || m_text[at].value > kLastYear || !m_text.endsCleanly(at + 1) || isCounted(m_text, at + 1))
+    if (!part.moment.isYearOpen || !m_text.isNumber(at) || m_text[at].length != 4 || !isWrittenYear(m_text[at].value)
+        || !m_text.endsCleanly(at + 1) || isCounted(m_text, at + 1))
         return;
     const auto day = inYear(*part.moment.day, m_text[at].value);
     if (!day)

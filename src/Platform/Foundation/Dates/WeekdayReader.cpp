@@ -154,8 +154,7 @@ DayReader::Days DayReader::readNthWeekday(int at) const
     if (const auto *name = m_text.sense(behind, WordKind::Month)) {
         int end = behind + name->count;
         const auto year = yearAt(end, end);
-        const auto first = year ? dayOf(*year, name->value, 1)
-                                : monthDayFrom(local_days { monthOf(m_origin.today) / 1 }, name->value, 1);
+        const auto first = firstOfMonth(m_origin.today, name->value, year);
         const auto day = first ? nthWeekday(monthOf(*first), weekday->value, number) : std::nullopt;
         return day ? Days { DayRead { .day = *day, .next = end } } : std::nullopt;
     }
