@@ -20,7 +20,9 @@
 
 namespace mintaro {
 
+class CalendarApplication;
 class CalendarDatabase;
+class Pasteboard;
 
 /// The one central model: it owns services and view models, holds what the label and the popover show, and runs the
 /// refresh cycle. Lives as long as the process; every member belongs to the main thread. A write of an equal value
@@ -46,8 +48,10 @@ public:
         UserDefaults &defaults;
         Environment &environment;
         Workspace &workspace;
-        /// Null where there is none, as in a program without windows.
+        // Null where there is none, as in a program without windows.
         EventEditorOpener *eventEditor = nullptr;
+        Pasteboard *pasteboard = nullptr;
+        CalendarApplication *calendarApplication = nullptr;
         LogSink log = writeToSystemLog;
     };
 
@@ -142,6 +146,15 @@ public:
     /// What was kept for that occurrence, or for a new event, and is kept no longer.
     [[nodiscard]] std::optional<EventDraft> takeRejectedDraft(const std::optional<EKEvent> &ekEvent);
 
+    /// Shows the day on which `event` starts in the desktop's own calendar program.
+    void openInCalendarApp(const CalendarEvent &event);
+    /// Copies title, time range and location, a line each.
+    void copyEventDetails(const CalendarEvent &event);
+    /// Copies the title and, below it, when the reminder is due.
+    void copyReminderDetails(const QString &title, std::optional<Date> dueDate);
+    /// Copies the web link, which opens everywhere.
+    void copyMeetingLink(const MeetingInfo &meeting);
+
     // Preferences: read at each call, nothing is kept here.
 
     [[nodiscard]] bool weekStartsOnMonday() const;
@@ -197,11 +210,15 @@ private:
     void onPreferenceChanged(const QString &key);
     void followToday();
     void dismissQuestions();
+    QCoro::Task<> showInCalendarApp(std::chrono::year_month_day day);
+    void copy(const QString &text);
 
     Environment &m_environment;
     UserDefaults &m_defaults;
     Workspace &m_workspace;
     EventEditorOpener *const m_eventEditor;
+    Pasteboard *const m_pasteboard;
+    CalendarApplication *const m_calendarApplication;
     Date m_selectedDate;
     Date m_monthDate;
     /// The day that counted as today when the selection was last looked at.

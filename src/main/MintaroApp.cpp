@@ -15,7 +15,7 @@ constexpr std::size_t kMostMeetingsInMenu = 3;
 MintaroApp::MintaroApp(const ContextOptions &options)
     : m_context(options)
     , m_workspace(AppContext::calendarConfigurationFolder())
-    , m_appState(m_context.dependencies(m_workspace, this))
+    , m_appState(dependencies())
     , m_label(m_appState)
 {
     connect(&m_label, &MenuBarLabel::changed, this, &MintaroApp::updateStatusItem);
@@ -119,6 +119,13 @@ void MintaroApp::onHostChanged(StatusHost host)
     // Opened before it was clear that there is no panel, it stands where the chip is now.
     if (m_popover && m_popover->isVisible())
         showPopover();
+}
+
+AppState::Dependencies MintaroApp::dependencies()
+{
+    AppState::Dependencies dependencies = m_context.dependencies(m_workspace, this);
+    dependencies.pasteboard = &m_pasteboard;
+    return dependencies;
 }
 
 ViewEngine &MintaroApp::views()

@@ -3,6 +3,7 @@
 #include "App/AppContext.h"
 #include "Platform/AppKit/Appearance.h"
 #include "Platform/AppKit/DesktopWorkspace.h"
+#include "Platform/AppKit/GeneralPasteboard.h"
 #include "Platform/AppKit/PanelChip.h"
 #include "Platform/AppKit/PopoverWindow.h"
 #include "Platform/AppKit/StatusItem.h"
@@ -35,11 +36,13 @@ private:
     void updateMenu();
     void onHostChanged(StatusHost host);
     [[nodiscard]] std::optional<QPoint> chipCenter() const;
+    [[nodiscard]] AppState::Dependencies dependencies();
     [[nodiscard]] ViewEngine &views();
     [[nodiscard]] PopoverWindow &popover();
 
     AppContext m_context;
     DesktopWorkspace m_workspace;
+    GeneralPasteboard m_pasteboard;
     Appearance m_appearance;
     AppState m_appState;
     MenuBarLabel m_label;

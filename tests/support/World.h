@@ -1,6 +1,7 @@
 #pragma once
 
 #include "App/AppState.h"
+#include "Platform/AppKit/Pasteboard.h"
 #include "Platform/AppKit/Workspace.h"
 #include "Platform/EventKit/CalendarDatabase.h"
 #include "support/MemoryBackend.h"
@@ -66,6 +67,15 @@ inline QCoro::Task<QString> refusal(QCoro::Task<> task)
     co_return text;
 }
 
+/// Keeps what was copied.
+class FakePasteboard final : public Pasteboard
+{
+public:
+    QStringList contents;
+    void clearContents() override { contents.clear(); }
+    void setString(const QString &text) override { contents.append(text); }
+};
+
 /// Everything that AppState stands upon, real but for the clock, the workspace and where the objects come from.
 struct World
 {
@@ -99,7 +109,7 @@ struct World
     {
         if (!m_state)
             m_state = std::make_unique<AppState>(AppState::Dependencies {
-                database, notifications, defaults, environment, workspace, &eventEditor, log });
+                database, notifications, defaults, environment, workspace, &eventEditor, &pasteboard, nullptr, log });
         return *m_state;
     }
 
@@ -131,6 +141,7 @@ struct World
     NotificationCenter notifications;
     FakeWorkspace workspace;
     FakeEventEditor eventEditor;
+    FakePasteboard pasteboard;
     MemoryBackend *backend = nullptr;
     std::shared_ptr<CalendarDatabase> database;
 
