@@ -134,6 +134,22 @@ TEST_F(AgendaListTest, RemovesAnEmptiedDayWithItsHeading)
     EXPECT_EQ(inserts.size() + changes.size() + resets.size(), 0);
 }
 
+TEST_F(AgendaListTest, LeavesTheRowsBetweenTwoChangesAlone)
+{
+    load();
+    inserts.clear();
+    world.backend->contents[u"work"_qs].erase(u"standup.ics"_qs);
+    world.addEvent("work", "call", during("20260312T090000Z", "20260312T093000Z"));
+    world.tellOfChange();
+    refresh();
+    ASSERT_EQ(removals.size(), 1);
+    EXPECT_EQ(removals[0][2].toInt(), 1);
+    ASSERT_EQ(inserts.size(), 1);
+    EXPECT_EQ(inserts[0][1].toInt(), 5);
+    EXPECT_EQ(inserts[0][2].toInt(), 5);
+    EXPECT_EQ(changes.size() + resets.size(), 0);
+}
+
 TEST_F(AgendaListTest, ChangesTheRowThatDiffersAlone)
 {
     load();

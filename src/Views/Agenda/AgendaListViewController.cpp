@@ -1,5 +1,7 @@
 #include "Views/Agenda/AgendaListViewController.h"
 
+#include "Views/Components/ListDiff.h"
+
 #include <QCoreApplication>
 
 namespace mintaro {
@@ -91,24 +93,25 @@ AgendaListViewController::Row AgendaListViewController::itemRow(
     return row;
 }
 
+QStringList AgendaListViewController::keys(const std::vector<Row> &rows)
+{
+    QStringList keys;
+    for (const Row &row : rows)
+        keys.append(row.key);
+    return keys;
+}
+
 void AgendaListViewController::replaceRows(std::vector<Row> rows)
 {
-    const auto sameKey = [](const Row &a, const Row &b) { return a.key == b.key; };
-    const auto heads = std::mismatch(m_rows.begin(), m_rows.end(), rows.begin(), rows.end(), sameKey);
-    const auto tails = std::mismatch(m_rows.rbegin(), std::make_reverse_iterator(heads.first), rows.rbegin(),
-        std::make_reverse_iterator(heads.second), sameKey);
-    const auto first = static_cast<int>(heads.first - m_rows.begin());
-    const auto lastOld = static_cast<int>(tails.first.base() - m_rows.begin()) - 1;
-    const auto lastNew = static_cast<int>(tails.second.base() - rows.begin()) - 1;
-
-    if (lastOld >= first) {
-        beginRemoveRows({}, first, lastOld);
-        m_rows.erase(m_rows.begin() + first, m_rows.begin() + lastOld + 1);
+    const ListDiff diff = listDiff(keys(m_rows), keys(rows));
+    for (const auto &[first, count] : diff.removals) {
+        beginRemoveRows({}, first, first + count - 1);
+        m_rows.erase(m_rows.begin() + first, m_rows.begin() + first + count);
         endRemoveRows();
     }
-    if (lastNew >= first) {
-        beginInsertRows({}, first, lastNew);
-        m_rows.insert(m_rows.begin() + first, rows.begin() + first, rows.begin() + lastNew + 1);
+    for (const auto &[first, count] : diff.insertions) {
+        beginInsertRows({}, first, first + count - 1);
+        m_rows.insert(m_rows.begin() + first, rows.begin() + first, rows.begin() + first + count);
         endInsertRows();
     }
     for (std::size_t i = 0; i < m_rows.size(); ++i) {

@@ -87,6 +87,7 @@ private:
     [[nodiscard]] QString accessibleName(const Row &row) const;
     [[nodiscard]] std::optional<CalendarEvent> eventAt(int row) const;
     [[nodiscard]] std::vector<MenuItem> menuItems(const CalendarEvent &event) const;
+    [[nodiscard]] static QStringList keys(const std::vector<Row> &rows);
     void replaceRows(std::vector<Row> rows);
 
     AppState *m_appState = nullptr;
