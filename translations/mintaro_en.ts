@@ -207,6 +207,70 @@
         <source>Delete Event</source>
         <translation>Delete Event</translation>
     </message>
+    <message id="Search (⌘F)">
+        <source>Search (⌘F)</source>
+        <translation>Search (Ctrl+F)</translation>
+    </message>
+    <message id="Search">
+        <source>Search</source>
+        <translation>Search</translation>
+    </message>
+    <message id="Search events...">
+        <source>Search events...</source>
+        <translation>Search events...</translation>
+    </message>
+    <message id="Search results">
+        <source>Search results</source>
+        <translation>Search results</translation>
+    </message>
+    <message id="No results">
+        <source>No results</source>
+        <translation>No results</translation>
+    </message>
+    <message id="Done">
+        <source>Done</source>
+        <translation>Done</translation>
+    </message>
+    <message id="Clear">
+        <source>Clear</source>
+        <translation>Clear</translation>
+    </message>
+    <message id="Copy Event Details">
+        <source>Copy Event Details</source>
+        <translation>Copy Event Details</translation>
+    </message>
+    <message id="Open in Calendar">
+        <source>Open in Calendar</source>
+        <translation>Open in Calendar</translation>
+    </message>
+    <message id="Copy Meeting Link">
+        <source>Copy Meeting Link</source>
+        <translation>Copy Meeting Link</translation>
+    </message>
+    <message id="Mark as Completed">
+        <source>Mark as Completed</source>
+        <translation>Mark as Completed</translation>
+    </message>
+    <message id="Mark as Incomplete">
+        <source>Mark as Incomplete</source>
+        <translation>Mark as Incomplete</translation>
+    </message>
+    <message id="Open Link">
+        <source>Open Link</source>
+        <translation>Open Link</translation>
+    </message>
+    <message id="Copy Reminder Details">
+        <source>Copy Reminder Details</source>
+        <translation>Copy Reminder Details</translation>
+    </message>
+    <message id="Open in Reminders">
+        <source>Open in Reminders</source>
+        <translation>Open in Reminders</translation>
+    </message>
+    <message id="Delete Reminder">
+        <source>Delete Reminder</source>
+        <translation>Delete Reminder</translation>
+    </message>
     <message id="Delete Event?">
         <source>Delete Event?</source>
         <translation>Delete Event?</translation>

@@ -207,6 +207,70 @@
         <source>Delete Event</source>
         <translation>Elimina evento</translation>
     </message>
+    <message id="Search (⌘F)">
+        <source>Search (⌘F)</source>
+        <translation>Cerca (Ctrl+F)</translation>
+    </message>
+    <message id="Search">
+        <source>Search</source>
+        <translation>Cerca</translation>
+    </message>
+    <message id="Search events...">
+        <source>Search events...</source>
+        <translation>Cerca eventi...</translation>
+    </message>
+    <message id="Search results">
+        <source>Search results</source>
+        <translation>Risultati della ricerca</translation>
+    </message>
+    <message id="No results">
+        <source>No results</source>
+        <translation>Nessun risultato</translation>
+    </message>
+    <message id="Done">
+        <source>Done</source>
+        <translation>Fine</translation>
+    </message>
+    <message id="Clear">
+        <source>Clear</source>
+        <translation>Svuota</translation>
+    </message>
+    <message id="Copy Event Details">
+        <source>Copy Event Details</source>
+        <translation>Copia dettagli evento</translation>
+    </message>
+    <message id="Open in Calendar">
+        <source>Open in Calendar</source>
+        <translation>Apri in Calendario</translation>
+    </message>
+    <message id="Copy Meeting Link">
+        <source>Copy Meeting Link</source>
+        <translation>Copia link della riunione</translation>
+    </message>
+    <message id="Mark as Completed">
+        <source>Mark as Completed</source>
+        <translation>Segna come completato</translation>
+    </message>
+    <message id="Mark as Incomplete">
+        <source>Mark as Incomplete</source>
+        <translation>Segna come da completare</translation>
+    </message>
+    <message id="Open Link">
+        <source>Open Link</source>
+        <translation>Apri link</translation>
+    </message>
+    <message id="Copy Reminder Details">
+        <source>Copy Reminder Details</source>
+        <translation>Copia dettagli promemoria</translation>
+    </message>
+    <message id="Open in Reminders">
+        <source>Open in Reminders</source>
+        <translation>Apri in Promemoria</translation>
+    </message>
+    <message id="Delete Reminder">
+        <source>Delete Reminder</source>
+        <translation>Elimina promemoria</translation>
+    </message>
     <message id="Delete Event?">
         <source>Delete Event?</source>
         <translation>Eliminare l’evento?</translation>

@@ -21,6 +21,12 @@ std::pair<QString, Date> draftKey(const std::optional<EKEvent> &event)
 
 } // namespace
 
+void AppState::setShowingSearch(bool isShowing)
+{
+    if (std::exchange(m_isShowingSearch, isShowing) != isShowing)
+        Q_EMIT isShowingSearchChanged();
+}
+
 void AppState::setShowingDeleteConfirmation(bool isShowing)
 {
     if (std::exchange(m_isShowingDeleteConfirmation, isShowing) != isShowing)

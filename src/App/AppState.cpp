@@ -101,7 +101,7 @@ QCoro::Task<> AppState::loadRemindersOnceGranted()
                 QStringLiteral("Failed to request reminders access: %1").arg(QString::fromUtf8(error.what())));
         co_return;
     }
-    co_await m_remindersVM.fetchReminders(selection(QStringLiteral("SelectedReminderLists")));
+    co_await fetchReminders();
 }
 
 QCoro::Task<> AppState::refreshAll()
@@ -118,7 +118,7 @@ QCoro::Task<> AppState::refreshAll()
     if (!self)
         co_return;
     generateMonth();
-    co_await m_remindersVM.fetchReminders(selection(QStringLiteral("SelectedReminderLists")));
+    co_await fetchReminders();
     if (!self)
         co_return;
     co_await fetchUpcoming(start, end);
@@ -218,7 +218,7 @@ void AppState::onPreferenceChanged(const QString &key)
 {
     // These shape what is fetched and generated; all others are read when they are needed.
     if (key == QLatin1String("SelectedReminderLists"))
-        QCoro::connect(m_remindersVM.fetchReminders(selection(key)), this, [] {});
+        fetchReminders();
     else if (m_hasCalendarAccess
         && (key == QLatin1String("SelectedCalendars") || key == QLatin1String("WeekStartsOnMonday")))
         refreshAll();
@@ -236,7 +236,12 @@ void AppState::openPrivacySettings()
     static const QString url
         = QStringLiteral("x-apple.systempreferences:com.apple.preference.security?Privacy_Calendars");
     if (const auto privacy = URL::fromString(url))
-        m_workspace.open(*privacy);
+        openURL(*privacy);
+}
+
+void AppState::openURL(const URL &url)
+{
+    m_workspace.open(url);
 }
 
 } // namespace mintaro

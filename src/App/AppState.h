@@ -31,6 +31,7 @@ class AppState : public QObject
 {
     Q_OBJECT
     Q_PROPERTY(bool hasCalendarAccess READ hasCalendarAccess NOTIFY hasCalendarAccessChanged)
+    Q_PROPERTY(bool isShowingSearch READ isShowingSearch WRITE setShowingSearch NOTIFY isShowingSearchChanged)
     Q_PROPERTY(bool isShowingDeleteConfirmation READ isShowingDeleteConfirmation WRITE setShowingDeleteConfirmation
             NOTIFY isShowingDeleteConfirmationChanged)
     Q_PROPERTY(
@@ -70,6 +71,8 @@ public:
     /// Empty when there is no next event.
     [[nodiscard]] const QString &countdownText() const { return m_countdownText; }
     [[nodiscard]] bool hasCalendarAccess() const { return m_hasCalendarAccess; }
+    [[nodiscard]] bool isShowingSearch() const { return m_isShowingSearch; }
+    void setShowingSearch(bool isShowing);
     /// The event that the user is asked about, by the confirmation or, where it repeats, by the span picker.
     [[nodiscard]] const std::optional<CalendarEvent> &pendingDeleteEvent() const { return m_pendingDeleteEvent; }
     void setPendingDeleteEvent(const std::optional<CalendarEvent> &event);
@@ -128,6 +131,15 @@ public:
     void openMeeting(const MeetingInfo &meeting);
     /// Opens what grants access to the calendars.
     void openPrivacySettings();
+    void openURL(const URL &url);
+
+    /// Completes the reminder of that calendarItemIdentifier, or takes that back, and fetches the reminders anew. What
+    /// the store refuses is only logged: the reminder then shows as it was.
+    QCoro::Task<> toggleReminder(QString id);
+    /// Deletes it at once, without a question; otherwise as toggleReminder.
+    QCoro::Task<> deleteReminder(QString id);
+    /// Opens the desktop's application for reminders, at no particular one.
+    void openReminders();
 
     /// Has the user asked, by confirmation or span picker.
     void requestDeleteEvent(const CalendarEvent &event);
@@ -188,6 +200,7 @@ Q_SIGNALS:
     void countdownTextChanged();
     void hasCalendarAccessChanged();
     void pendingDeleteEventChanged();
+    void isShowingSearchChanged();
     void isShowingDeleteConfirmationChanged();
     void isShowingSpanPickerChanged();
     void errorMessageChanged();
@@ -206,6 +219,7 @@ private:
     QCoro::Task<> loadRemindersOnceGranted();
     QCoro::Task<> fetchUpcoming(Date fetchedFrom, Date fetchedTo);
     void generateMonth();
+    QCoro::Task<> fetchReminders();
     [[nodiscard]] QString countdown(const CalendarEvent &event) const;
     void onPreferenceChanged(const QString &key);
     void followToday();
@@ -227,6 +241,7 @@ private:
     QString m_countdownText;
     bool m_hasCalendarAccess = false;
     std::optional<CalendarEvent> m_pendingDeleteEvent;
+    bool m_isShowingSearch = false;
     bool m_isShowingDeleteConfirmation = false;
     bool m_isShowingSpanPicker = false;
     std::optional<EKEvent> m_editingEvent;

@@ -25,6 +25,14 @@ struct CalendarViewModelForQml
     QML_UNCREATABLE("AppState owns it")
 };
 
+struct SearchViewModelForQml
+{
+    Q_GADGET
+    QML_FOREIGN(mintaro::SearchViewModel)
+    QML_NAMED_ELEMENT(SearchViewModel)
+    QML_UNCREATABLE("AppState owns it")
+};
+
 struct MenuBarLabelForQml
 {
     Q_GADGET

@@ -63,22 +63,43 @@ TEST_F(AgendaListTest, HasAHeadingOverEachDay)
     EXPECT_EQ(data(2, Model::AccessibleNameRole).toString(), u"review, 13:00 - 14:00, Room 1"_qs);
 }
 
-TEST_F(AgendaListTest, OffersToChangeOnlyWhatCanBeChanged)
+TEST_F(AgendaListTest, OffersWhatCanBeDoneToARow)
 {
     world.backend->addCollection(u"holidays"_qs).isWritable = false;
     world.addEvent("holidays", "feast", during("20260307T150000Z", "20260307T160000Z"));
+    world.addEvent("holidays", "call", during("20260307T160000Z", "20260307T170000Z") + "\nURL:https://zoom.us/j/1");
+    world.addEvent("work", "meeting", during("20260307T170000Z", "20260307T180000Z") + "\nURL:https://zoom.us/j/1");
     world.addReminder("work", "milk", "DUE:20260307T080000Z");
+    world.addReminder("work", "done", "DUE:20260307T080000Z\nSTATUS:COMPLETED\nURL:https://example.org");
     load();
     const auto menuOf = [this](const QString &title) {
         QStringList entries;
         if (model.prepareMenu(static_cast<int>(titles().indexOf(title)))) {
-            for (int row = 0; row < model.menu()->rowCount(); ++row)
-                entries.append(model.menu()->index(row).data(ContextMenuModel::TitleRole).toString());
+            for (int row = 0; row < model.menu()->rowCount(); ++row) {
+                const QModelIndex entry = model.menu()->index(row);
+                const QString symbol = entry.data(ContextMenuModel::SymbolRole).toString();
+                entries.append(symbol.isEmpty()
+                        ? u"-"_qs
+                        : symbol + u": "_qs + entry.data(ContextMenuModel::TitleRole).toString());
+            }
         }
-        return entries;
+        return entries.join(u'\n');
     };
-    EXPECT_THAT(menuOf(u"lunch"_qs), ElementsAre(u"Edit Event"_qs, QString(), u"Delete Event"_qs));
-    for (const QString &title : { u"feast"_qs, u"milk"_qs, u"Today"_qs, u"none of that title"_qs })
+    const QString always = u"doc.on.doc: Copy Event Details\ncalendar: Open in Calendar"_qs;
+    const QString meeting = u"\n-\nvideo.fill: Join Zoom\nlink: Copy Meeting Link"_qs;
+    const QString edit = u"pencil: Edit Event\n"_qs;
+    const QString remove = u"\n-\ntrash: Delete Event"_qs;
+    EXPECT_EQ(menuOf(u"lunch"_qs), edit + always + remove);
+    EXPECT_EQ(menuOf(u"meeting"_qs), edit + always + meeting + remove);
+    EXPECT_EQ(menuOf(u"feast"_qs), always);
+    EXPECT_EQ(menuOf(u"call"_qs), always + meeting);
+    EXPECT_EQ(menuOf(u"milk"_qs),
+        u"checkmark.circle: Mark as Completed\ndoc.on.doc: Copy Reminder Details\nlist.bullet: Open in Reminders\n"
+        "-\ntrash: Delete Reminder"_qs);
+    EXPECT_EQ(menuOf(u"done"_qs),
+        u"checkmark.circle: Mark as Incomplete\nlink: Open Link\ndoc.on.doc: Copy Reminder Details\n"
+        "list.bullet: Open in Reminders\n-\ntrash: Delete Reminder"_qs);
+    for (const QString &title : { u"Today"_qs, u"none of that title"_qs })
         EXPECT_TRUE(menuOf(title).isEmpty()) << title.toStdString();
 }
 

@@ -60,7 +60,7 @@ protected:
     [[nodiscard]] QList<QQuickItem *> buttons() const
     {
         QList<QQuickItem *> items;
-        collect(content.get(), items);
+        collect(window.contentItem(), items);
         items.removeIf([](QQuickItem *item) { return !item->inherits("QQuickAbstractButton"); });
         return items;
     }
@@ -122,34 +122,61 @@ protected:
 TEST_F(PopoverContentTest, NamesEveryButton)
 {
     open();
-    EXPECT_GE(buttons().size(), 42 + 3 + 1);
+    EXPECT_GE(buttons().size(), 42 + 3 + 3);
     for (QQuickItem *button : buttons())
         EXPECT_FALSE(accessibleName(button).isEmpty()) << button->metaObject()->className();
 }
 
-TEST_F(PopoverContentTest, ReachesEveryButtonByTab)
+TEST_F(PopoverContentTest, TabGoesRoundAndBackAgain)
 {
     open();
-    QSet<QQuickItem *> missing;
-    for (QQuickItem *button : buttons())
-        missing.insert(button);
-    for (int i = 0; i < 60; ++i) {
+    const QStringList stops { u"Saturday, 7 March 2026, Today, has events"_qs, kReview, u"Join Zoom"_qs,
+        u"New Event"_qs, u"Search"_qs, u"Quit"_qs, u"Previous Month"_qs, u"Today"_qs, u"Next Month"_qs };
+    EXPECT_EQ(focused(), stops.front());
+    for (qsizetype i = 1; i <= stops.size(); ++i) {
         QTest::keyClick(&window, Qt::Key_Tab);
-        missing.remove(window.activeFocusItem());
+        EXPECT_EQ(focused(), stops[i % stops.size()]);
     }
-    for (QQuickItem *button : missing)
-        ADD_FAILURE() << accessibleName(button).toStdString();
+    for (qsizetype i = stops.size() - 1; i >= 0; --i) {
+        QTest::keyClick(&window, Qt::Key_Backtab, Qt::ShiftModifier);
+        EXPECT_EQ(focused(), stops[i]);
+    }
 }
 
-TEST_F(PopoverContentTest, GoesTheSameWayBackByShiftTab)
+TEST_F(PopoverContentTest, ArrowsWalkTheDays)
 {
     open();
-    for (const auto &name : { u"Quit"_qs, u"New Event"_qs, u"Join Zoom"_qs, kReview }) {
-        QTest::keyClick(&window, Qt::Key_Backtab, Qt::ShiftModifier);
-        EXPECT_EQ(focused(), name);
+    for (const auto &[key, day] : { std::pair { Qt::Key_Right, "Sunday, 8 March 2026" },
+             std::pair { Qt::Key_Down, "Sunday, 15 March 2026" }, std::pair { Qt::Key_Left, "Saturday, 14 March 2026" },
+             std::pair { Qt::Key_Up, "Saturday, 7 March 2026, Today, has events" } }) {
+        QTest::keyClick(&window, key);
+        EXPECT_EQ(focused(), QLatin1String(day));
     }
     QTest::keyClick(&window, Qt::Key_Down);
+    QTest::keyClick(&window, Qt::Key_Return);
+    EXPECT_EQ(world.state().selectedDate(), at("2026-03-14"));
+    for (int i = 0; i < 3; ++i)
+        QTest::keyClick(&window, Qt::Key_Up);
+    QCoro::waitFor(world.state().refreshAll());
+    EXPECT_EQ(focused(), u"Saturday, 21 February 2026"_qs);
+    EXPECT_EQ(world.state().monthDate(), at("2026-02-07 12:00"));
+}
+
+TEST_F(PopoverContentTest, ControlsOfAReminderAreReachedFromItsRow)
+{
+    world.addReminder("work", "Milk", "DUE:20260308T080000Z\nURL:https://shop.example.org/milk");
+    open();
+    focusReview();
+    QTest::keyClick(&window, Qt::Key_Down);
     EXPECT_TRUE(focused().startsWith(u"Milk"_qs));
+    QTest::keyClick(&window, Qt::Key_Tab);
+    QTest::keyClick(&window, Qt::Key_Tab);
+    EXPECT_EQ(focused(), u"Open Link"_qs);
+    QTest::keyClick(&window, Qt::Key_Return);
+    EXPECT_THAT(world.workspace.opened, testing::ElementsAre(u"https://shop.example.org/milk"_qs));
+    QTest::keyClick(&window, Qt::Key_Backtab, Qt::ShiftModifier);
+    QTest::keyClick(&window, Qt::Key_Space);
+    EXPECT_TRUE(QTest::qWaitFor([this] { return world.state().remindersVM().reminders().front().isCompleted; }));
 }
 
 TEST_F(PopoverContentTest, ReturnPressesWhatHasTheFocus)
@@ -257,18 +284,50 @@ TEST_F(PopoverContentTest, TheMenuOfARowIsThereForTheKeyboard)
     EXPECT_TRUE(window.isVisible());
 }
 
-TEST_F(PopoverContentTest, ARightClickOpensTheMenuOfAnEventAndNoneOfAReminder)
+TEST_F(PopoverContentTest, ARightClickOpensTheMenuOfARow)
 {
     open();
-    const QPoint review = middle(named(u"Join Zoom"_qs)) - QPoint(100, 0);
-    QTest::mouseClick(&window, Qt::RightButton, {}, review);
-    QTest::keyClick(&window, Qt::Key_Down);
+    const auto rightClick = [this](const QString &control, int beside) {
+        QTest::mouseClick(&window, Qt::RightButton, {}, middle(named(control)) + QPoint(beside, 0));
+        QTest::keyClick(&window, Qt::Key_Down);
+    };
+    rightClick(u"Join Zoom"_qs, -100);
     EXPECT_EQ(focused(), u"Edit Event"_qs);
     QTest::keyClick(&window, Qt::Key_Escape);
-    focusReview();
+    rightClick(u"Milk"_qs, 100);
+    EXPECT_EQ(focused(), u"Mark as Completed"_qs);
+    QTest::keyClick(&window, Qt::Key_Return);
+    EXPECT_TRUE(QTest::qWaitFor([this] { return world.state().remindersVM().reminders().front().isCompleted; }));
+}
+
+TEST_F(PopoverContentTest, SearchesInASheetThatKeepsWhatItFound)
+{
+    open();
+    QTest::keyClick(&window, Qt::Key_F, Qt::ControlModifier);
+    EXPECT_EQ(focused(), u"Search events..."_qs);
+    for (const char letter : { 't', 'Z', 'o', 'o', 'm', '.' })
+        QTest::keyClick(&window, letter);
+    QTest::keyClick(&window, Qt::Key_Home, Qt::ShiftModifier);
+    for (const char letter : { 'r', 'E', 'v' })
+        QTest::keyClick(&window, letter);
+    EXPECT_EQ(world.state().searchVM()->searchText(), u"rEv"_qs);
+    EXPECT_TRUE(world.state().searchVM()->results().empty());
+    QTest::keyClick(&window, Qt::Key_Return);
+    ASSERT_TRUE(QTest::qWaitFor([this] { return world.state().searchVM()->results().size() == 1; }));
     QTest::keyClick(&window, Qt::Key_Down);
-    QTest::keyClick(&window, Qt::Key_Menu);
-    EXPECT_TRUE(focused().startsWith(u"Milk"_qs));
+    EXPECT_EQ(focused(), kReview);
+    // The keys of the controls below the sheet wait.
+    QTest::keyClick(&window, Qt::Key_T);
+    QTest::keyClick(&window, Qt::Key_N, Qt::ControlModifier);
+    EXPECT_TRUE(world.eventEditor.opened.empty());
+    QTest::keyClick(&window, Qt::Key_Escape);
+    EXPECT_FALSE(world.state().isShowingSearch());
+    EXPECT_TRUE(window.isVisible());
+    QTest::keyClick(&window, Qt::Key_F, Qt::ControlModifier);
+    EXPECT_EQ(world.state().searchVM()->searchText(), u"rEv"_qs);
+    EXPECT_EQ(world.state().searchVM()->results().size(), 1U);
+    click(u"Done"_qs);
+    EXPECT_FALSE(world.state().isShowingSearch());
 }
 
 TEST_F(PopoverContentTest, AsksBeforeItDeletes)
@@ -277,7 +336,8 @@ TEST_F(PopoverContentTest, AsksBeforeItDeletes)
     focusReview();
     const auto requestDelete = [this] {
         QTest::keyClick(&window, Qt::Key_Menu);
-        QTest::keyClick(&window, Qt::Key_Down);
+        for (int i = 0; i < 10 && focused() != u"Delete Event"_qs; ++i)
+            QTest::keyClick(&window, Qt::Key_Down);
         QTest::keyClick(&window, Qt::Key_Return);
         ASSERT_TRUE(QTest::qWaitFor([this] { return focused() == u"Cancel"_qs; }));
     };

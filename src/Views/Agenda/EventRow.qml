@@ -12,16 +12,25 @@ Item {
     required property string service
     required property string serviceSymbol
     required property string accessibleName
+    /// Its button can be reached by Tab.
+    required property bool isCurrent
 
     readonly property bool hasMeeting: root.service !== ""
 
     signal joinRequested
     /// At that point of the row.
     signal menuRequested(point where)
+    signal menuRequestedByKey
 
     implicitHeight: content.implicitHeight + 8
     Accessible.role: Accessible.ListItem
     Accessible.name: root.accessibleName
+    Accessible.focusable: true
+    // What has the keyboard cannot stop being reached.
+    activeFocusOnTab: root.isCurrent || root.activeFocus
+    Keys.onSpacePressed: root.menuRequestedByKey()
+    Keys.onReturnPressed: root.menuRequestedByKey()
+    Keys.onEnterPressed: root.menuRequestedByKey()
 
     FocusRing {
         shown: root.activeFocus
@@ -88,6 +97,7 @@ Item {
         visible: root.hasMeeting
         width: root.hasMeeting ? implicitWidth : 0
         padding: 6
+        focusPolicy: root.isCurrent || join.activeFocus ? Qt.TabFocus : Qt.NoFocus
         anchors { right: parent.right; rightMargin: root.hasMeeting ? Theme.margin - padding : Theme.margin; verticalCenter: parent.verticalCenter }
         contentItem: Symbol {
             name: root.serviceSymbol
@@ -98,7 +108,7 @@ Item {
 
         ToolTipText {
             text: join.accessibleName
-            shown: join.hovered
+            shown: join.hovered || join.visualFocus
         }
     }
 }

@@ -8,26 +8,54 @@ Item {
     required property string title
     required property color calendarColor
     required property bool isCompleted
+    required property string link
     required property string accessibleName
+    /// Its controls can be reached by Tab.
+    required property bool isCurrent
 
-    implicitHeight: Math.max(mark.height, label.implicitHeight) + 8
+    signal toggled
+    signal linkRequested
+    /// At that point of the row.
+    signal menuRequested(point where)
+
+    implicitHeight: Math.max(mark.implicitContentHeight, label.implicitHeight) + 8
+    // What has the keyboard cannot stop being reached.
+    activeFocusOnTab: root.isCurrent || root.activeFocus
     Accessible.role: Accessible.ListItem
     Accessible.name: root.accessibleName
+    Accessible.focusable: true
+    Keys.onSpacePressed: root.toggled()
+    Keys.onReturnPressed: root.toggled()
+    Keys.onEnterPressed: root.toggled()
 
     FocusRing {
         shown: root.activeFocus
         gap: -2
     }
-    Symbol {
+    TapHandler {
+        acceptedButtons: Qt.RightButton
+        onTapped: eventPoint => root.menuRequested(eventPoint.position)
+    }
+    PlainButton {
         id: mark
-        anchors { left: parent.left; leftMargin: Theme.margin; verticalCenter: parent.verticalCenter }
-        name: root.isCompleted ? "checkmark.circle.fill" : "circle"
-        color: root.isCompleted ? Theme.secondary : root.calendarColor
-        size: 13
+        accessibleName: root.title
+        anchors { left: parent.left; leftMargin: Theme.margin - padding; verticalCenter: parent.verticalCenter }
+        padding: 5
+        focusPolicy: root.isCurrent || mark.activeFocus ? Qt.TabFocus : Qt.NoFocus
+        Accessible.role: Accessible.CheckBox
+        Accessible.checkable: true
+        Accessible.checked: root.isCompleted
+        Accessible.onToggleAction: root.toggled()
+        contentItem: Symbol {
+            name: root.isCompleted ? "checkmark.circle.fill" : "circle"
+            color: root.isCompleted ? Theme.secondary : root.calendarColor
+            size: 13
+        }
+        onClicked: root.toggled()
     }
     Text {
         id: label
-        anchors { left: mark.right; leftMargin: 8; right: parent.right; rightMargin: Theme.margin; verticalCenter: parent.verticalCenter }
+        anchors { left: mark.right; leftMargin: 8 - mark.padding; right: open.left; verticalCenter: parent.verticalCenter }
         text: root.title
         font.family: Theme.callout.family
         font.pixelSize: Theme.callout.pixelSize
@@ -37,5 +65,25 @@ Item {
         horizontalAlignment: Text.AlignLeft
         elide: Text.ElideRight
         maximumLineCount: 1
+    }
+    PlainButton {
+        id: open
+        accessibleName: qsTrId("Open Link")
+        visible: root.link !== ""
+        width: visible ? implicitWidth : 0
+        padding: 6
+        anchors { right: parent.right; rightMargin: visible ? Theme.margin - padding : Theme.margin; verticalCenter: parent.verticalCenter }
+        focusPolicy: root.isCurrent || open.activeFocus ? Qt.TabFocus : Qt.NoFocus
+        contentItem: Symbol {
+            name: "link"
+            color: Theme.secondary
+            size: 12
+        }
+        onClicked: root.linkRequested()
+
+        ToolTipText {
+            text: open.accessibleName
+            shown: open.hovered || open.visualFocus
+        }
     }
 }

@@ -18,7 +18,6 @@ T.AbstractButton {
     readonly property real circleSize: Math.min(root.width, root.height) - 4
 
     hoverEnabled: true
-    focusPolicy: Qt.TabFocus
     Accessible.role: Accessible.Button
     Accessible.name: root.accessibleName
     Accessible.selected: root.isSelected

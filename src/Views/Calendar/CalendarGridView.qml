@@ -4,7 +4,7 @@ import QtQuick
 
 import Mintaro
 
-Item {
+FocusScope {
     id: root
 
     required property AppState appState
@@ -13,11 +13,16 @@ Item {
     readonly property real columnWidth: (root.width - root.weekNumberWidth) / 7
 
     implicitHeight: header.height + 4 + 6 * Theme.cellHeight + 5 * 2
+    Keys.onLeftPressed: cells.moveCursor(-1)
+    Keys.onRightPressed: cells.moveCursor(1)
+    Keys.onUpPressed: cells.moveCursor(-7)
+    Keys.onDownPressed: cells.moveCursor(7)
 
     CalendarGridViewController {
         id: controller
         appState: root.appState
         onMonthShown: direction => slide.play(direction)
+        onCursorIndexChanged: cells.focusCursor()
     }
 
     DragHandler {
@@ -91,19 +96,49 @@ Item {
                 }
             }
         }
-        Grid {
+        FocusScope {
             id: cells
+            // Where the keyboard stands is shown once somebody uses it.
+            property int focusReason: Qt.OtherFocusReason
             x: root.weekNumberWidth
-            columns: 7
-            rowSpacing: 2
+            width: 7 * root.columnWidth
+            height: grid.height
+            focus: true
 
-            Repeater {
-                model: root.appState.calendarVM
+            function moveCursor(by: int) {
+                cells.focusReason = Qt.TabFocusReason;
+                controller.moveCursor(by);
+                cells.focusCursor();
+            }
 
-                CalendarDayCell {
-                    width: root.columnWidth
-                    height: Theme.cellHeight
-                    onClicked: controller.selectDay(index)
+            function focusCursor() {
+                const day = days.itemAt(controller.cursorIndex);
+                if (cells.activeFocus)
+                    day?.forceActiveFocus(cells.focusReason);
+                else if (day)
+                    day.focus = true;
+            }
+
+            Grid {
+                columns: 7
+                rowSpacing: 2
+
+                Repeater {
+                    id: days
+                    model: root.appState.calendarVM
+                    onItemAdded: index => {
+                        if (index === controller.cursorIndex)
+                            cells.focusCursor();
+                    }
+
+                    CalendarDayCell {
+                        id: day
+                        width: root.columnWidth
+                        height: Theme.cellHeight
+                        // The arrows lead to the others.
+                        focusPolicy: day.index === controller.cursorIndex || day.activeFocus ? Qt.TabFocus : Qt.NoFocus
+                        onClicked: controller.selectDay(day.index)
+                    }
                 }
             }
         }

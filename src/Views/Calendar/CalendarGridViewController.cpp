@@ -26,10 +26,15 @@ void CalendarGridViewController::setAppState(AppState *appState)
             Q_EMIT layoutChanged();
     });
     connect(appState, &AppState::monthDateChanged, this, [this] { m_pendingDirection = 0; });
+    connect(appState, &AppState::selectedDateChanged, this, [this] {
+        m_cursor = m_appState->selectedDate();
+        updateCursor();
+    });
     connect(appState, &AppState::monthNavigated, this, [this](int delta) { m_pendingDirection = delta < 0 ? -1 : 1; });
     connect(appState->calendarVM(), &CalendarViewModel::dataChanged, this, &CalendarGridViewController::onGridChanged);
     connect(
         appState->calendarVM(), &CalendarViewModel::isEmptyChanged, this, &CalendarGridViewController::onGridChanged);
+    m_cursor = appState->selectedDate();
     onGridChanged();
     Q_EMIT layoutChanged();
 }
@@ -54,6 +59,45 @@ void CalendarGridViewController::selectDay(int index)
         m_appState->selectDay(items[static_cast<std::size_t>(index)].date);
 }
 
+std::optional<int> CalendarGridViewController::cellOf(Date day) const
+{
+    const auto &items = m_appState->calendarVM()->dayItems();
+    const Calendar calendar = m_appState->environment().calendar();
+    const auto cell
+        = std::ranges::find_if(items, [&](const DayItem &item) { return calendar.isDateInSameDay(item.date, day); });
+    return cell == items.end() ? std::nullopt : std::optional(static_cast<int>(cell - items.begin()));
+}
+
+void CalendarGridViewController::moveCursor(int days)
+{
+    const Calendar calendar = m_appState->environment().calendar();
+    const auto target = calendar.dateByAdding(Calendar::Component::Day, days, m_cursor);
+    if (!target)
+        return;
+    m_cursor = *target;
+    if (cellOf(m_cursor))
+        updateCursor();
+    else if (startOfMonth(m_cursor, calendar) != startOfMonth(m_appState->monthDate(), calendar))
+        m_appState->navigateMonth(days < 0 ? -1 : 1);
+}
+
+void CalendarGridViewController::updateCursor()
+{
+    const auto &items = m_appState->calendarVM()->dayItems();
+    auto index = cellOf(m_cursor);
+    if (!index && !items.empty()) {
+        // The user went to another month without it: it goes along.
+        const auto today = std::ranges::find_if(items, &DayItem::isToday);
+        const auto first = std::ranges::find_if(items, &DayItem::isCurrentMonth);
+        const auto cell = today != items.end() ? today : first;
+        m_cursor = cell->date;
+        index = static_cast<int>(cell - items.begin());
+    }
+    const int found = index.value_or(-1);
+    if (std::exchange(m_cursorIndex, found) != found)
+        Q_EMIT cursorIndexChanged();
+}
+
 void CalendarGridViewController::endSwipe(double translation)
 {
     if (translation > kSwipeDistance)
@@ -67,6 +111,7 @@ void CalendarGridViewController::onGridChanged()
     const auto &items = m_appState->calendarVM()->dayItems();
     if (items.empty())
         return;
+    updateCursor();
     const Date month = items[kCellInMonth].date;
     const Date before = std::exchange(m_shownMonth, month);
     const bool isOtherMonth = std::chrono::abs(month - before) > kDaysWithinMonth;

@@ -9,9 +9,11 @@ Item {
     id: root
 
     property real radius: Theme.chipRadius
+    /// Off where it would fall outside of the card.
+    property bool shadowed: true
 
     Repeater {
-        model: 6
+        model: root.shadowed ? 6 : 0
 
         Rectangle {
             required property int index

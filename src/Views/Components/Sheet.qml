@@ -8,6 +8,8 @@ import Mintaro
 T.Popup {
     id: root
 
+    /// Hangs from the card's upper edge, as wide as the card.
+    property bool hangs: false
     /// What had the keyboard before.
     property Item opener: null
     readonly property Rectangle veil: Rectangle {
@@ -18,7 +20,7 @@ T.Popup {
         color: Theme.veil
     }
 
-    anchors.centerIn: parent
+    anchors.centerIn: root.hangs ? undefined : parent
     implicitWidth: contentWidth + leftPadding + rightPadding
     implicitHeight: contentHeight + topPadding + bottomPadding
     padding: 0
@@ -31,6 +33,7 @@ T.Popup {
     onClosed: root.opener?.forceActiveFocus(Qt.PopupFocusReason)
 
     background: FloatingGround {
-        radius: Theme.groupRadius
+        radius: root.hangs ? Theme.cornerRadius : Theme.groupRadius
+        shadowed: !root.hangs
     }
 }

@@ -18,14 +18,18 @@ const QHash<QString, QString> &symbolFiles()
         { QStringLiteral("calendar"), QStringLiteral("calendar3") },
         { QStringLiteral("calendar.badge.checkmark"), QStringLiteral("calendar2-check") },
         { QStringLiteral("checkmark"), QStringLiteral("check-lg") },
+        { QStringLiteral("checkmark.circle"), QStringLiteral("check-circle") },
         { QStringLiteral("checkmark.circle.fill"), QStringLiteral("check-circle-fill") },
         { QStringLiteral("chevron.left"), QStringLiteral("chevron-left") },
         { QStringLiteral("chevron.right"), QStringLiteral("chevron-right") },
         { QStringLiteral("chevron.up.chevron.down"), QStringLiteral("chevron-expand") },
         { QStringLiteral("circle"), QStringLiteral("circle") },
+        { QStringLiteral("doc.on.doc"), QStringLiteral("files") },
         { QStringLiteral("headphones.circle.fill"), QStringLiteral("headphones") },
         { QStringLiteral("link"), QStringLiteral("link-45deg") },
+        { QStringLiteral("list.bullet"), QStringLiteral("list-ul") },
         { QStringLiteral("lock.shield"), QStringLiteral("shield-lock") },
+        { QStringLiteral("magnifyingglass"), QStringLiteral("search") },
         { QStringLiteral("mappin"), QStringLiteral("geo-alt") },
         { QStringLiteral("pencil"), QStringLiteral("pencil") },
         { QStringLiteral("person.3.fill"), QStringLiteral("people-fill") },
@@ -36,6 +40,7 @@ const QHash<QString, QString> &symbolFiles()
         { QStringLiteral("trash"), QStringLiteral("trash") },
         { QStringLiteral("video.fill"), QStringLiteral("camera-video-fill") },
         { QStringLiteral("xmark"), QStringLiteral("x-lg") },
+        { QStringLiteral("xmark.circle.fill"), QStringLiteral("x-circle-fill") },
     };
     return files;
 }

@@ -12,7 +12,6 @@ QtObject {
 
     // Colours
     readonly property color background: root.dark ? "#242427" : "#f7f7f8"
-    readonly property color clearBackground: Qt.rgba(root.background.r, root.background.g, root.background.b, 0)
     readonly property color border: root.ink(root.dark ? 0.20 : 0.14)
     readonly property color separator: root.ink(root.dark ? 0.11 : 0.09)
     readonly property color primary: root.ink(root.dark ? 0.89 : 0.87)
@@ -28,6 +27,7 @@ QtObject {
     readonly property color redFill: "#c8102e"
     /// The ground of buttons, and of menus and other things that float.
     readonly property color controlFace: root.dark ? root.ink(0.13) : "#ffffff"
+    readonly property color fieldFace: root.dark ? root.ink(0.07) : root.ink(0.04)
     readonly property color floatingGround: root.dark ? "#303034" : "#ffffff"
     readonly property color switchTrack: root.ink(root.dark ? 0.36 : 0.42)
     readonly property color shadow: Qt.rgba(0, 0, 0, root.dark ? 0.12 : 0.04)

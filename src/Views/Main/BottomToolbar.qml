@@ -25,6 +25,14 @@ Item {
         onClicked: controller.openNewEvent()
     }
     ToolButton {
+        anchors { left: newEvent.right; leftMargin: 6; verticalCenter: parent.verticalCenter }
+        accessibleName: qsTrId("Search")
+        toolTip: qsTrId("Search (⌘F)")
+        symbol: "magnifyingglass"
+        shortcut: "Ctrl+F"
+        onClicked: root.appState.isShowingSearch = !root.appState.isShowingSearch
+    }
+    ToolButton {
         anchors { right: parent.right; rightMargin: Theme.margin - padding; verticalCenter: parent.verticalCenter }
         accessibleName: qsTrId("Quit")
         toolTip: qsTrId("Quit Mintaro (⌘Q)")

@@ -26,6 +26,7 @@ FocusScope {
     }
     CalendarGridView {
         id: grid
+        focus: true
         appState: root.appState
         anchors { left: parent.left; right: parent.right; top: bar.bottom; leftMargin: Theme.gridMargin; rightMargin: Theme.gridMargin }
     }
@@ -47,6 +48,18 @@ FocusScope {
         anchors { left: parent.left; right: parent.right; bottom: parent.bottom }
     }
 
+    Sheet {
+        id: searchSheet
+        hangs: true
+        visible: root.appState.isShowingSearch
+        contentItem: SearchView {
+            focus: true
+            appState: root.appState
+            onDismissed: searchSheet.close()
+        }
+        onOpened: (contentItem as SearchView).takeFocus()
+        onClosed: root.appState.isShowingSearch = false
+    }
     AlertSheet {
         visible: root.appState.isShowingDeleteConfirmation
         title: qsTrId("Delete Event?")
