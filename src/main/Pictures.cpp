@@ -29,6 +29,8 @@ public:
 
 constexpr int kDaysToOtherSelection = 2;
 constexpr int kMarginAround = 16;
+/// Where a row is pressed for its menu.
+constexpr QPointF kInRow { 60, 16 };
 /// More than the notes show at once.
 constexpr int kManyLines = 8;
 
@@ -58,7 +60,9 @@ public:
         m_appState.selectDay(
             *calendar.dateByAdding(Calendar::Component::Day, kDaysToOtherSelection, m_context.environment().now()));
         save(*popover, QStringLiteral("popover-selected"));
+        drawMenus(*popover);
         drawQuestions(*popover);
+        drawSearches(*popover);
         drawEditors();
         m_context.defaults().setBool(true, QStringLiteral("ShowWeekNumbers"));
         select(QStringLiteral("nothing of that name"));
@@ -69,11 +73,40 @@ public:
     }
 
 private:
+    void drawMenus(QQuickItem &popover)
+    {
+        for (const auto &[name, type] : { std::pair { "popover-eventmenu", "EventRow" },
+                 std::pair { "popover-remindermenu", "ReminderAgendaRow" } }) {
+            save(popover, QLatin1String(name), [&popover, type = type] {
+                settle();
+                if (QQuickItem *row = itemOfType(popover, type))
+                    QMetaObject::invokeMethod(row, "menuRequested", Q_ARG(QPointF, kInRow));
+            });
+        }
+    }
+
+    void drawSearches(QQuickItem &popover)
+    {
+        SearchViewModel &search = *m_appState.searchVM();
+        for (const auto &[name, text] :
+            { std::pair { "popover-search", "a" }, std::pair { "popover-search-nothing", "nothing like that" } }) {
+            search.setSearchText(QLatin1String(text));
+            QCoro::waitFor(search.search());
+            save(popover, QLatin1String(name), [this] { m_appState.setShowingSearch(true); });
+            m_appState.setShowingSearch(false);
+        }
+        search.clear();
+    }
+
     void drawQuestions(QQuickItem &popover)
     {
         if (const auto single = anEvent([](const EKEvent &event) { return !event.hasRecurrenceRules(); })) {
             save(popover, QStringLiteral("popover-delete"), [&] { m_appState.requestDeleteEvent(*single); });
             m_appState.setShowingDeleteConfirmation(false);
+        }
+        if (const auto series = anEvent(std::mem_fn(&EKEvent::hasRecurrenceRules))) {
+            save(popover, QStringLiteral("popover-span"), [&] { m_appState.requestDeleteEvent(*series); });
+            m_appState.setShowingSpanPicker(false);
         }
         save(popover, QStringLiteral("popover-error"), [&] {
             m_appState.setErrorMessage(
@@ -143,17 +176,33 @@ private:
         item.setParentItem(window.contentItem());
         item.setPosition({ kMarginAround, kMarginAround });
         const auto edge = [](double length) { return static_cast<int>(std::ceil(length)) + 2 * kMarginAround; };
+        window.resize(edge(item.width()), edge(item.height()));
         window.show();
         act();
         // Layouts and animations that loading began are to have ended.
         settle();
         window.resize(edge(item.width()), edge(item.height()));
         const QImage picture = window.grabWindow();
+        // A menu that is up would be in the next picture too.
+        QKeyEvent escape(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
+        QCoreApplication::sendEvent(&window, &escape);
         item.setParentItem(nullptr);
         const QString file = QStringLiteral("%1/%2-%3-%4.png").arg(m_job.folder, name, m_look, m_job.language);
         if (!picture.save(file))
             throw std::runtime_error("cannot write " + file.toStdString());
         m_files.append(file);
+    }
+
+    /// The first item below `item` whose view bears that name; null where there is none.
+    static QQuickItem *itemOfType(QQuickItem &item, const QByteArray &name)
+    {
+        if (QByteArray(item.metaObject()->className()).startsWith(name + '_'))
+            return &item;
+        for (QQuickItem *child : item.childItems()) {
+            if (QQuickItem *found = itemOfType(*child, name))
+                return found;
+        }
+        return nullptr;
     }
 
     static void settle()

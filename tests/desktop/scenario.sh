@@ -1,5 +1,5 @@
 # What the scenarios share; to be sourced. Expects the folder of the programs and one for pictures as $1 and $2, and starts the
-# scenario anew inside a session with the panel that it names in $panel.
+# scenario anew inside a session with the panel that it names in $panel. The sample store is of the moment $now, where that is set.
 
 bin=$1
 pictures=$2
@@ -21,15 +21,16 @@ await() {
     done
 }
 
+# start_mintaro OPTIONS...
 start_mintaro() {
-    "$bin/mintaro-sample-store" "$HOME/store" >/dev/null
+    "$bin/mintaro-sample-store" ${now:+--now "$now"} "$HOME/store" >/dev/null
     export XDG_CONFIG_HOME=$HOME/store/config
     # A stand-in for the desktop's opener, which the program finds before any other.
     mkdir -p "$HOME/bin"
     printf '#!/bin/sh\necho "$1" >>"%s/opened"\n' "$HOME" >"$HOME/bin/xdg-open"
     printf '#!/bin/sh\n' >"$HOME/bin/xdg-mime"
     chmod +x "$HOME/bin/xdg-open" "$HOME/bin/xdg-mime"
-    PATH=$HOME/bin:$PATH "$bin/mintaro" 2>"$HOME/log" &
+    PATH=$HOME/bin:$PATH "$bin/mintaro" "$@" 2>"$HOME/log" &
     mintaro=$!
     trap 'kill $mintaro 2>/dev/null || true' EXIT
 }

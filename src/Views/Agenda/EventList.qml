@@ -111,6 +111,7 @@ Item {
 
         function openMenu(row: int, item: Item, where: point) {
             list.currentIndex = row;
+            menu.title = item.Accessible.name;
             if (root.controller.prepareMenu(row))
                 menu.popup(item, where.x, where.y);
         }
@@ -134,7 +135,7 @@ Item {
         gradient: Gradient {
             GradientStop {
                 position: 0
-                color: Qt.rgba(root.ground.r, root.ground.g, root.ground.b, 0)
+                color: Theme.clear(root.ground)
             }
             GradientStop {
                 position: 1

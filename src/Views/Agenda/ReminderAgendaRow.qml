@@ -36,21 +36,13 @@ Item {
         acceptedButtons: Qt.RightButton
         onTapped: eventPoint => root.menuRequested(eventPoint.position)
     }
-    PlainButton {
+    CheckMark {
         id: mark
         accessibleName: root.title
+        checked: root.isCompleted
+        color: root.calendarColor
         anchors { left: parent.left; leftMargin: Theme.margin - padding; verticalCenter: parent.verticalCenter }
-        padding: 5
         focusPolicy: root.isCurrent || mark.activeFocus ? Qt.TabFocus : Qt.NoFocus
-        Accessible.role: Accessible.CheckBox
-        Accessible.checkable: true
-        Accessible.checked: root.isCompleted
-        Accessible.onToggleAction: root.toggled()
-        contentItem: Symbol {
-            name: root.isCompleted ? "checkmark.circle.fill" : "circle"
-            color: root.isCompleted ? Theme.secondary : root.calendarColor
-            size: 13
-        }
         onClicked: root.toggled()
     }
     Text {

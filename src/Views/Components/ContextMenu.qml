@@ -20,7 +20,10 @@ T.Menu {
     modal: true
     dim: false
     closePolicy: T.Popup.CloseOnEscape | T.Popup.CloseOnPressOutside
-    onAboutToShow: root.opener = root.parent.Window.activeFocusItem
+    onAboutToShow: {
+        root.opener = root.parent.Window.activeFocusItem;
+        root.contentItem.parent.Accessible.ignored = true;
+    }
     onClosed: root.opener?.forceActiveFocus(Qt.PopupFocusReason)
 
     background: FloatingGround {
@@ -31,6 +34,7 @@ T.Menu {
         currentIndex: root.currentIndex
         interactive: false
         Accessible.role: Accessible.PopupMenu
+        Accessible.name: root.title
     }
 
     function widestEntry(): real {

@@ -19,7 +19,7 @@ T.MenuItem {
     enabled: !root.isSeparator
     hoverEnabled: true
     text: root.title
-    Accessible.role: root.isSeparator ? Accessible.Separator : Accessible.MenuItem
+    Accessible.ignored: root.isSeparator
     Accessible.name: root.title
     Accessible.onPressAction: root.clicked()
 

@@ -20,10 +20,8 @@ T.AbstractButton {
     Keys.onReturnPressed: root.clicked()
     Keys.onEnterPressed: root.clicked()
 
-    background: Rectangle {
+    background: ControlGround {
+        control: root
         radius: root.groundRadius
-        color: root.pressed ? Theme.press : root.hovered ? Theme.hover : "transparent"
-        border.width: root.visualFocus ? 2 : 0
-        border.color: Theme.accentText
     }
 }

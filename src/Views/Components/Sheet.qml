@@ -29,7 +29,11 @@ T.Popup {
     // The window's own would lie over the card's shadow too.
     dim: false
     closePolicy: T.Popup.CloseOnEscape | T.Popup.CloseOnPressOutside
-    onAboutToShow: root.opener = root.parent.Window.activeFocusItem
+    onAboutToShow: {
+        root.opener = root.parent.Window.activeFocusItem;
+        // The toolkit's own frame has no name; the content says what it is.
+        root.contentItem.parent.Accessible.ignored = true;
+    }
     onClosed: root.opener?.forceActiveFocus(Qt.PopupFocusReason)
 
     background: FloatingGround {

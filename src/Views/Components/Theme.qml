@@ -80,6 +80,11 @@ QtObject {
     readonly property int monthAnimation: 200
     readonly property int quickAnimation: 120
 
+    /// What fades to it.
+    function clear(ground: color): color {
+        return Qt.rgba(ground.r, ground.g, ground.b, 0);
+    }
+
     /// Black on light grounds, white on dark ones, at this opacity.
     function ink(opacity: real): color {
         return root.dark ? Qt.rgba(1, 1, 1, opacity) : Qt.rgba(0, 0, 0, opacity);

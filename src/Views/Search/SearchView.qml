@@ -52,7 +52,7 @@ FocusScope {
         color: Theme.separator
     }
     Item {
-        anchors { left: parent.left; right: parent.right; top: divider.bottom; bottom: parent.bottom; margins: Theme.borderWidth; topMargin: 0 }
+        anchors { left: parent.left; right: parent.right; top: divider.bottom; bottom: parent.bottom; margins: Theme.borderWidth; topMargin: 0; bottomMargin: Theme.cornerRadius / 2 }
 
         ProgressIndicator {
             anchors.centerIn: parent
