@@ -331,5 +331,17 @@
         <source>Agenda</source>
         <translation>Agenda</translation>
     </message>
+    <message id="calendarApp.missing">
+        <source>calendarApp.missing</source>
+        <translation>This desktop has no calendar program that could show the day.</translation>
+    </message>
+    <message id="calendarApp.failed %@">
+        <source>calendarApp.failed %@</source>
+        <translation>%1 could not be opened.</translation>
+    </message>
+    <message id="remindersApp.missing">
+        <source>remindersApp.missing</source>
+        <translation>This desktop has no program for tasks that could be opened.</translation>
+    </message>
 </context>
 </TS>

@@ -331,5 +331,17 @@
         <source>Agenda</source>
         <translation>Agenda</translation>
     </message>
+    <message id="calendarApp.missing">
+        <source>calendarApp.missing</source>
+        <translation>Su questo desktop non c'è un programma di calendario che possa mostrare il giorno.</translation>
+    </message>
+    <message id="calendarApp.failed %@">
+        <source>calendarApp.failed %@</source>
+        <translation>Impossibile aprire %1.</translation>
+    </message>
+    <message id="remindersApp.missing">
+        <source>remindersApp.missing</source>
+        <translation>Su questo desktop non c'è un programma per le attività da aprire.</translation>
+    </message>
 </context>
 </TS>

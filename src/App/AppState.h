@@ -160,6 +160,8 @@ public:
 
     /// Shows the day on which `event` starts in the desktop's own calendar program.
     void openInCalendarApp(const CalendarEvent &event);
+    /// Opens what the desktop has for tasks.
+    void openInReminders();
     /// Copies title, time range and location, a line each.
     void copyEventDetails(const CalendarEvent &event);
     /// Copies the title and, below it, when the reminder is due.
@@ -224,7 +226,8 @@ private:
     void onPreferenceChanged(const QString &key);
     void followToday();
     void dismissQuestions();
-    QCoro::Task<> showInCalendarApp(std::chrono::year_month_day day);
+    QCoro::Task<> showInCalendarApp(const DateComponents &day);
+    QCoro::Task<bool> runScript(QString source);
     void copy(const QString &text);
 
     Environment &m_environment;

@@ -125,6 +125,7 @@ AppState::Dependencies MintaroApp::dependencies()
 {
     AppState::Dependencies dependencies = m_context.dependencies(m_workspace, this);
     dependencies.pasteboard = &m_pasteboard;
+    dependencies.calendarApplication = &m_calendarApplication;
     return dependencies;
 }
 

@@ -2,6 +2,7 @@
 
 #include "App/AppContext.h"
 #include "Platform/AppKit/Appearance.h"
+#include "Platform/AppKit/DesktopCalendarApplication.h"
 #include "Platform/AppKit/DesktopWorkspace.h"
 #include "Platform/AppKit/GeneralPasteboard.h"
 #include "Platform/AppKit/PanelChip.h"
@@ -43,6 +44,7 @@ private:
     AppContext m_context;
     DesktopWorkspace m_workspace;
     GeneralPasteboard m_pasteboard;
+    DesktopCalendarApplication m_calendarApplication;
     Appearance m_appearance;
     AppState m_appState;
     MenuBarLabel m_label;

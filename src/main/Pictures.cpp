@@ -23,7 +23,7 @@ namespace {
 class NoWorkspace final : public Workspace
 {
 public:
-    void open(const URL &) override { }
+    bool open(const URL &) override { return false; }
     [[nodiscard]] QCoro::Task<bool> hasHandler(QString) override { co_return false; }
 };
 

@@ -2,6 +2,8 @@
 
 #include <gmock/gmock.h>
 
+#include <QTest>
+
 namespace mintaro {
 namespace {
 
@@ -51,6 +53,32 @@ TEST(ExchangeTest, LaysOneTextOnThePasteboard)
         each.copy(world.state());
         EXPECT_THAT(world.pasteboard.contents, ElementsAre(each.text)) << each.what;
     }
+}
+
+TEST(ExchangeTest, ShowsTheDayOfAnEventInTheCalendarProgram)
+{
+    World world("2026-02-15 12:00", "it_IT", "Europe/Rome");
+    CalendarEvent night = lunch();
+    night.startDate = at("2026-03-30 22:30"); // the 31st in Rome, a day that the present month lacks
+    world.state().openInCalendarApp(night);
+    EXPECT_THAT(world.calendarApplication.asked, ElementsAre(u"activate"_qs));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return world.calendarApplication.asked.size() == 3; }));
+    EXPECT_THAT(world.calendarApplication.asked, ElementsAre(u"activate"_qs, u"activate"_qs, u"2026-03-31"_qs));
+    EXPECT_EQ(world.state().errorMessage(), QString());
+}
+
+TEST(ExchangeTest, TellsThatThereIsNoProgram)
+{
+    World world("2026-03-07 12:00");
+    world.calendarApplication.failure = u"none"_qs;
+    world.state().openInCalendarApp(lunch());
+    EXPECT_EQ(world.state().errorMessage(), u"none"_qs);
+    world.state().openInReminders();
+    EXPECT_EQ(world.state().errorMessage(), u"none"_qs);
+    world.workspace.canOpen = false;
+    world.state().openInReminders();
+    EXPECT_NE(world.state().errorMessage(), u"none"_qs);
+    EXPECT_EQ(world.workspace.opened.last(), u"x-apple-reminderkit://"_qs);
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "App/AppState.h"
+#include "Platform/AppKit/CalendarApplication.h"
 #include "Platform/AppKit/Pasteboard.h"
 #include "Platform/AppKit/Workspace.h"
 #include "Platform/EventKit/CalendarDatabase.h"
@@ -42,7 +43,12 @@ class FakeWorkspace final : public Workspace
 public:
     QStringList opened;
     QStringList schemes;
-    void open(const URL &url) override { opened.append(url.absoluteString()); }
+    bool canOpen = true;
+    bool open(const URL &url) override
+    {
+        opened.append(url.absoluteString());
+        return canOpen;
+    }
     [[nodiscard]] QCoro::Task<bool> hasHandler(QString scheme) override { co_return schemes.contains(scheme); }
 };
 
@@ -66,6 +72,24 @@ inline QCoro::Task<QString> refusal(QCoro::Task<> task)
     }
     co_return text;
 }
+
+/// Keeps what it was asked for: "activate", or the day to show.
+class FakeCalendarApplication final : public CalendarApplication
+{
+public:
+    QStringList asked;
+    std::optional<QString> failure;
+    [[nodiscard]] QCoro::Task<std::optional<QString>> activate() override
+    {
+        asked.append(QStringLiteral("activate"));
+        co_return std::optional(failure);
+    }
+    [[nodiscard]] QCoro::Task<std::optional<QString>> show(QDate day) override
+    {
+        asked.append(day.toString(Qt::ISODate));
+        co_return std::optional(failure);
+    }
+};
 
 /// Keeps what was copied.
 class FakePasteboard final : public Pasteboard
@@ -108,8 +132,8 @@ struct World
     AppState &state()
     {
         if (!m_state)
-            m_state = std::make_unique<AppState>(AppState::Dependencies {
-                database, notifications, defaults, environment, workspace, &eventEditor, &pasteboard, nullptr, log });
+            m_state = std::make_unique<AppState>(AppState::Dependencies { database, notifications, defaults,
+                environment, workspace, &eventEditor, &pasteboard, &calendarApplication, log });
         return *m_state;
     }
 
@@ -142,6 +166,7 @@ struct World
     FakeWorkspace workspace;
     FakeEventEditor eventEditor;
     FakePasteboard pasteboard;
+    FakeCalendarApplication calendarApplication;
     MemoryBackend *backend = nullptr;
     std::shared_ptr<CalendarDatabase> database;
 

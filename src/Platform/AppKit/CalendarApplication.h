@@ -1,9 +1,9 @@
 #pragma once
 
 #include <QCoroTask>
+#include <QDate>
 #include <QString>
 
-#include <chrono>
 #include <optional>
 
 namespace mintaro {
@@ -18,7 +18,7 @@ public:
     /// Starts it, or brings it to the front.
     [[nodiscard]] virtual QCoro::Task<std::optional<QString>> activate() = 0;
     /// Shows that day, as far as the program can be told to. The day must be valid.
-    [[nodiscard]] virtual QCoro::Task<std::optional<QString>> show(std::chrono::year_month_day day) = 0;
+    [[nodiscard]] virtual QCoro::Task<std::optional<QString>> show(QDate day) = 0;
 };
 
 } // namespace mintaro

@@ -1,23 +1,19 @@
 #include "Platform/AppKit/DesktopWorkspace.h"
 
+#include "Platform/AppKit/DefaultHandler.h"
+#include "Platform/AppKit/DesktopEntry.h"
+#include "Platform/AppKit/KOrganizer.h"
 #include "Platform/Foundation/Logger.h"
 
-#include <QCoroProcess>
 #include <QProcess>
 #include <QRegularExpression>
-#include <QStandardPaths>
-#include <QUrl>
-
-#include <chrono>
 
 namespace mintaro {
 
-using namespace std::chrono_literals;
-
 namespace {
 
-constexpr auto kAnswerTime = 10s;
 const QLatin1String kPrivacySettings("x-apple.systempreferences:");
+const QLatin1String kReminders("x-apple-reminderkit:");
 
 bool isScheme(const QString &text)
 {
@@ -30,6 +26,21 @@ void logError(const QString &text)
     Logger(QStringLiteral("Workspace")).error(text);
 }
 
+/// The first that is installed of the programs for tasks that we know how to open.
+bool openTasks()
+{
+    if (const auto endeavour = DesktopEntry::find(QStringLiteral("org.gnome.Todo.desktop")))
+        return endeavour->start();
+    if (const auto evolution = DesktopEntry::find(QStringLiteral("org.gnome.Evolution.desktop")))
+        return evolution->start({ QStringLiteral("task:///") });
+    if (const auto korganizer = DesktopEntry::find(kOrganizerEntry()); korganizer && korganizer->start()) {
+        callKOrganizer(QStringLiteral("showTodoView"));
+        return true;
+    }
+    logError(QStringLiteral("There is no program for tasks"));
+    return false;
+}
+
 } // namespace
 
 DesktopWorkspace::DesktopWorkspace(QString calendarConfiguration)
@@ -37,18 +48,22 @@ DesktopWorkspace::DesktopWorkspace(QString calendarConfiguration)
 {
 }
 
-void DesktopWorkspace::open(const URL &url)
+bool DesktopWorkspace::open(const URL &url)
 {
     QString address = url.absoluteString();
+    if (address.startsWith(kReminders))
+        return openTasks();
     if (address.startsWith(kPrivacySettings)) {
         address = m_calendarConfiguration;
     } else if (!address.contains(u':') || !isScheme(address.section(u':', 0, 0).toLower())) {
         // Without a scheme it could pass for a file or an option.
         logError(QStringLiteral("An address without a scheme is not opened"));
-        return;
+        return false;
     }
-    if (!QProcess::startDetached(QStringLiteral("xdg-open"), { address }))
+    const bool isStarted = QProcess::startDetached(QStringLiteral("xdg-open"), { address });
+    if (!isStarted)
         logError(QStringLiteral("xdg-open could not be started"));
+    return isStarted;
 }
 
 QCoro::Task<bool> DesktopWorkspace::hasHandler(QString scheme)
@@ -61,26 +76,12 @@ QCoro::Task<bool> DesktopWorkspace::hasHandler(QString scheme)
     if (const auto known = answers->constFind(name); known != answers->constEnd()) {
         co_return *known;
     }
-    const QString tool = QStandardPaths::findExecutable(QStringLiteral("xdg-mime"));
-    if (tool.isEmpty()) { // QCoro would wait its whole time for the start of a program that is not there
-        logError(QStringLiteral("xdg-mime is missing"));
+    const auto handler = co_await defaultHandler(QLatin1String("x-scheme-handler/") + name);
+    if (!handler) {
         co_return false;
     }
-    QProcess query;
-    query.setStandardErrorFile(QProcess::nullDevice());
-    query.start(
-        tool, { QStringLiteral("query"), QStringLiteral("default"), QLatin1String("x-scheme-handler/") + name });
-    if (query.state() != QProcess::NotRunning) {
-        co_await qCoro(query).waitForFinished(kAnswerTime);
-    }
-    if (query.state() != QProcess::NotRunning) {
-        logError(QStringLiteral("xdg-mime does not answer"));
-        query.kill();
-        co_return false;
-    }
-    const bool found = !query.readAllStandardOutput().trimmed().isEmpty();
-    answers->insert(name, found);
-    co_return found;
+    answers->insert(name, !handler->isEmpty());
+    co_return !handler->isEmpty();
 }
 
 } // namespace mintaro

@@ -13,10 +13,11 @@ class DesktopWorkspace : public Workspace
 {
 public:
     /// `calendarConfiguration`: the folder that decides which calendars the program may see. The address of the
-    /// calendars' privacy settings opens it, for here it is what grants access.
+    /// calendars' privacy settings opens it, for here it is what grants access. The address of the reminders' program
+    /// opens what the desktop has for tasks.
     explicit DesktopWorkspace(QString calendarConfiguration);
 
-    void open(const URL &url) override;
+    bool open(const URL &url) override;
     /// Asks once for each scheme. False also where the tools are missing.
     [[nodiscard]] QCoro::Task<bool> hasHandler(QString scheme) override;
 

@@ -13,8 +13,9 @@ class Workspace
 public:
     virtual ~Workspace() = default;
 
-    /// Hands an absolute URL to whatever opens it. A failure is logged.
-    virtual void open(const URL &url) = 0;
+    /// Hands an absolute URL to whatever opens it. False where nothing does, as far as that is known at once; it is
+    /// logged then.
+    virtual bool open(const URL &url) = 0;
 
     /// Whether a program opens URLs of the scheme ("https"). False for text that is no scheme (RFC 3986, 3.1).
     [[nodiscard]] virtual QCoro::Task<bool> hasHandler(QString scheme) = 0;

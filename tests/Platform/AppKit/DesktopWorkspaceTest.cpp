@@ -1,44 +1,20 @@
 #include "Platform/AppKit/DesktopWorkspace.h"
 
-#include <gtest/gtest.h>
+#include "Platform/AppKit/InstalledPrograms.h"
 
 #include <QCoroTask>
-#include <QFile>
-#include <QTemporaryDir>
 #include <QTest>
 
 namespace mintaro {
 
 namespace {
 
-/// A folder of programs that stands first in the search path.
-class DesktopWorkspaceTest : public testing::Test
+class DesktopWorkspaceTest : public InstalledPrograms
 {
 protected:
-    DesktopWorkspaceTest() { qputenv("PATH", folder.path().toLocal8Bit() + ":/bin:/usr/bin"); }
-    ~DesktopWorkspaceTest() override { qputenv("PATH", m_path); }
-
-    void install(const char *program, const char *body)
-    {
-        QFile file(folder.filePath(QLatin1String(program)));
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(QByteArray("#!/bin/sh\ncd ") + folder.path().toLocal8Bit() + "\n" + body);
-        file.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-    }
-
-    [[nodiscard]] QByteArray content(const char *name) const
-    {
-        QFile file(folder.filePath(QLatin1String(name)));
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    }
-
     bool ask(const char *scheme) { return QCoro::waitFor(workspace.hasHandler(QLatin1String(scheme))); }
 
-    QTemporaryDir folder;
     DesktopWorkspace workspace { QStringLiteral("/nowhere") };
-
-private:
-    const QByteArray m_path = qgetenv("PATH");
 };
 
 TEST_F(DesktopWorkspaceTest, AsksOncePerScheme)
@@ -73,6 +49,21 @@ TEST_F(DesktopWorkspaceTest, OpensTheAddressUnharmedAndNothingWithoutAScheme)
     workspace.open(*URL::fromString(QStringLiteral("https://example.org/j/1?pwd=a&b=$(id)#c'd")));
     ASSERT_TRUE(QTest::qWaitFor([this] { return content("opened").endsWith('\n'); }));
     EXPECT_EQ(content("opened"), "https://example.org/j/1?pwd=a&b=$(id)#c'd\n");
+}
+
+TEST_F(DesktopWorkspaceTest, OpensTheProgramForTasksThatIsInstalled)
+{
+    const URL reminders = *URL::fromString(QStringLiteral("x-apple-reminderkit://"));
+    EXPECT_FALSE(workspace.open(reminders));
+    install("evolution", "echo \"evolution $*\" >>opened\n");
+    addEntry("org.gnome.Evolution", "evolution %U");
+    EXPECT_TRUE(workspace.open(reminders));
+    ASSERT_TRUE(QTest::qWaitFor([this] { return content("opened") == "evolution task:///\n"; }))
+        << content("opened").data();
+    install("endeavour", "echo \"endeavour $*\" >>opened\n");
+    addEntry("org.gnome.Todo", "endeavour");
+    EXPECT_TRUE(workspace.open(reminders));
+    ASSERT_TRUE(QTest::qWaitFor([this] { return content("opened").endsWith("endeavour \n"); }));
 }
 
 } // namespace
