@@ -1,5 +1,6 @@
 #include "Views/ViewEngine.h"
 
+#include "Services/FaviconService.h"
 #include "Views/Components/SymbolImageProvider.h"
 #include "Views/EventEditor/EventEditorViewController.h"
 
@@ -11,7 +12,7 @@ extern void qml_register_types_Mintaro();
 
 namespace mintaro {
 
-ViewEngine::ViewEngine(AppState &appState, MenuBarLabel &label, const Appearance &appearance)
+ViewEngine::ViewEngine(AppState &appState, MenuBarLabel &label, const Appearance &appearance, FaviconService *favicons)
     : m_appState(appState)
     , m_label(label)
     , m_theme(appearance, appState.defaults())
@@ -22,6 +23,7 @@ ViewEngine::ViewEngine(AppState &appState, MenuBarLabel &label, const Appearance
     m_engine.addImportPath(QStringLiteral("qrc:/"));
     m_engine.addImageProvider(QStringLiteral("symbol"), new SymbolImageProvider);
     m_engine.setProperty("themeController", QVariant::fromValue(&m_theme));
+    m_engine.setProperty("faviconService", QVariant::fromValue(favicons));
 }
 
 std::unique_ptr<QQuickItem> ViewEngine::makeMainPopoverView()

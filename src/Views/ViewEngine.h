@@ -11,13 +11,15 @@
 namespace mintaro {
 
 class EventEditorViewController;
+class FaviconService;
 
 /// The QML engine with all that the views need, and a maker of the views that stand by themselves. For the main thread.
 class ViewEngine
 {
 public:
-    /// All must outlive the object and the items that it makes.
-    ViewEngine(AppState &appState, MenuBarLabel &label, const Appearance &appearance);
+    /// All must outlive the object and the items that it makes. Without `favicons` links have no icons.
+    ViewEngine(
+        AppState &appState, MenuBarLabel &label, const Appearance &appearance, FaviconService *favicons = nullptr);
 
     /// Never null: a view that does not load is a fault of the build and ends the program with the reason.
     [[nodiscard]] std::unique_ptr<QQuickItem> makeMainPopoverView();

@@ -10,6 +10,13 @@ namespace {
 
 constexpr std::size_t kMostMeetingsInMenu = 3;
 
+QByteArray userAgent()
+{
+    return QStringLiteral("%1/%2")
+        .arg(QCoreApplication::applicationName(), QCoreApplication::applicationVersion())
+        .toUtf8();
+}
+
 } // namespace
 
 MintaroApp::MintaroApp(const ContextOptions &options)
@@ -17,6 +24,8 @@ MintaroApp::MintaroApp(const ContextOptions &options)
     , m_workspace(AppContext::calendarConfigurationFolder())
     , m_appState(dependencies())
     , m_label(m_appState)
+    , m_session(userAgent())
+    , m_favicons(m_session, QStringLiteral(MINTARO_ICON_SERVICE))
 {
     connect(&m_label, &MenuBarLabel::changed, this, &MintaroApp::updateStatusItem);
     connect(&m_appState, &AppState::nextEventChanged, this, [this] {
@@ -132,7 +141,7 @@ AppState::Dependencies MintaroApp::dependencies()
 ViewEngine &MintaroApp::views()
 {
     if (!m_views)
-        m_views = std::make_unique<ViewEngine>(m_appState, m_label, m_appearance);
+        m_views = std::make_unique<ViewEngine>(m_appState, m_label, m_appearance, &m_favicons);
     return *m_views;
 }
 

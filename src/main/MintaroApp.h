@@ -8,6 +8,7 @@
 #include "Platform/AppKit/PanelChip.h"
 #include "Platform/AppKit/PopoverWindow.h"
 #include "Platform/AppKit/StatusItem.h"
+#include "Services/FaviconService.h"
 #include "Views/EventEditor/EventEditorPanel.h"
 #include "Views/Main/MenuBarLabel.h"
 #include "Views/ViewEngine.h"
@@ -48,6 +49,8 @@ private:
     Appearance m_appearance;
     AppState m_appState;
     MenuBarLabel m_label;
+    URLSession m_session;
+    FaviconService m_favicons;
     StatusItem m_statusItem;
     std::unique_ptr<ViewEngine> m_views;
     std::unique_ptr<EventEditorPanel> m_eventEditor;

@@ -74,6 +74,7 @@ QtObject {
     readonly property int focusRingWidth: 2
     readonly property real disabledOpacity: 0.4
     readonly property int badgeRadius: 3
+    readonly property int faviconSize: 12
     readonly property int barRadius: 2
     readonly property real pastOpacity: 0.5
     readonly property real neighbourOpacity: 0.4
