@@ -25,10 +25,4 @@ QCoro::Task<> AppState::deleteReminder(QString id)
         co_await fetchReminders();
 }
 
-void AppState::openReminders()
-{
-    if (const auto application = URL::fromString(QStringLiteral("x-apple-reminderkit://")))
-        openURL(*application);
-}
-
 } // namespace mintaro

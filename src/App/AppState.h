@@ -138,8 +138,6 @@ public:
     QCoro::Task<> toggleReminder(QString id);
     /// Deletes it at once, without a question; otherwise as toggleReminder.
     QCoro::Task<> deleteReminder(QString id);
-    /// Opens the desktop's application for reminders, at no particular one.
-    void openReminders();
 
     /// Has the user asked, by confirmation or span picker.
     void requestDeleteEvent(const CalendarEvent &event);

@@ -66,10 +66,8 @@ Item {
         padding: 6
         anchors { right: parent.right; rightMargin: visible ? Theme.margin - padding : Theme.margin; verticalCenter: parent.verticalCenter }
         focusPolicy: root.isCurrent || open.activeFocus ? Qt.TabFocus : Qt.NoFocus
-        contentItem: Symbol {
-            name: "link"
-            color: Theme.secondary
-            size: 12
+        contentItem: FaviconImage {
+            url: root.link
         }
         onClicked: root.linkRequested()
 

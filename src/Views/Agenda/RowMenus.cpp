@@ -59,7 +59,7 @@ std::vector<MenuItem> reminderMenu(AppState &appState, const CalendarEvent &even
     items.push_back(entry(qtTrId("Copy Reminder Details"), QStringLiteral("doc.on.doc"),
         [&appState, event] { appState.copyReminderDetails(event.title, event.startDate); }));
     items.push_back(
-        entry(qtTrId("Open in Reminders"), QStringLiteral("list.bullet"), [&appState] { appState.openReminders(); }));
+        entry(qtTrId("Open in Reminders"), QStringLiteral("list.bullet"), [&appState] { appState.openInReminders(); }));
     if (event.reminderIdentifier) {
         items.push_back(MenuItem::separator());
         items.push_back(destructive(
