@@ -2,6 +2,8 @@
 
 #include "Platform/Foundation/Date.h"
 
+#include <optional>
+
 namespace mintaro {
 
 /// Where the present moment comes from. Whatever asks for it is given one of these, so that time can be held in tests
@@ -11,6 +13,8 @@ class Clock
 public:
     virtual ~Clock() = default;
     [[nodiscard]] virtual Date now() const = 0;
+    /// How far it is ahead of the machine's wall clock, with which it goes. Empty where it does not go by itself.
+    [[nodiscard]] virtual std::optional<std::chrono::milliseconds> offset() const { return std::nullopt; }
 };
 
 /// The machine's wall clock.
@@ -18,6 +22,7 @@ class SystemClock final : public Clock
 {
 public:
     [[nodiscard]] Date now() const override;
+    [[nodiscard]] std::optional<std::chrono::milliseconds> offset() const override { return Date::duration::zero(); }
 };
 
 /// A clock that stands still at a given moment (`--now`).
@@ -32,6 +37,21 @@ public:
 
 private:
     Date m_moment;
+};
+
+/// A clock that shows a given moment when it is made and goes on from there (`--start-at`).
+class OffsetClock final : public Clock
+{
+public:
+    explicit OffsetClock(Date start)
+        : m_offset(start - SystemClock().now())
+    {
+    }
+    [[nodiscard]] Date now() const override { return SystemClock().now() + m_offset; }
+    [[nodiscard]] std::optional<std::chrono::milliseconds> offset() const override { return m_offset; }
+
+private:
+    std::chrono::milliseconds m_offset;
 };
 
 } // namespace mintaro

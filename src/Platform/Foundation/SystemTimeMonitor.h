@@ -1,6 +1,8 @@
 #pragma once
 
 #include "Platform/Foundation/Environment.h"
+#include "Platform/Foundation/FileDescriptor.h"
+#include "Platform/Foundation/WallClockTimer.h"
 
 #include <QObject>
 #include <QSocketNotifier>
@@ -21,14 +23,13 @@ public:
     ~SystemTimeMonitor() override;
 
 private:
-    void armForMidnight();
-    void onTimer();
+    void waitForMidnight();
+    void tell();
     void onZoneFolder();
 
     Environment &m_environment;
-    int m_timer = -1;
-    int m_zoneWatch = -1;
-    std::unique_ptr<QSocketNotifier> m_timerNotifier;
+    WallClockTimer m_midnight;
+    FileDescriptor m_zoneWatch;
     std::unique_ptr<QSocketNotifier> m_zoneNotifier;
 };
 
