@@ -14,10 +14,12 @@ namespace mintaro {
 
 namespace {
 
-std::unique_ptr<const Clock> makeClock(const std::optional<Date> &now)
+std::unique_ptr<const Clock> makeClock(const ContextOptions &options)
 {
-    if (now)
-        return std::make_unique<FixedClock>(*now);
+    if (options.now)
+        return std::make_unique<FixedClock>(*options.now);
+    if (options.startAt)
+        return std::make_unique<OffsetClock>(*options.startAt);
     return std::make_unique<SystemClock>();
 }
 
@@ -37,6 +39,8 @@ void ContextOptions::addTo(QCommandLineParser &parser)
         { QStringLiteral("store"), QStringLiteral("Use the calendars in this root folder."), QStringLiteral("folder") },
         { QStringLiteral("now"), QStringLiteral("Let the clock stand still at this moment (ISO 8601)."),
             QStringLiteral("moment") },
+        { QStringLiteral("start-at"), QStringLiteral("Let the clock begin at this moment (ISO 8601) and go on."),
+            QStringLiteral("moment") },
         { QStringLiteral("time-zone"), QStringLiteral("Use this time zone (an IANA name)."), QStringLiteral("name") },
         { QStringLiteral("locale"), QStringLiteral("Use this language and region, as in it_IT."),
             QStringLiteral("name") },
@@ -55,15 +59,23 @@ ContextOptions ContextOptions::from(const QCommandLineParser &parser)
         options.timeZone = required(TimeZone::named(*name), "time-zone", *name);
     if (const auto name = value("locale"))
         options.locale = Locale::fromIdentifier(*name);
-    if (const auto text = value("now"))
-        options.now
-            = required(dateFromIso8601(*text, options.timeZone ? *options.timeZone : TimeZone::system()), "now", *text);
+    const auto moment = [&](const char *option) -> std::optional<Date> {
+        const auto text = value(option);
+        if (!text)
+            return std::nullopt;
+        return required(
+            dateFromIso8601(*text, options.timeZone ? *options.timeZone : TimeZone::system()), option, *text);
+    };
+    options.now = moment("now");
+    options.startAt = moment("start-at");
+    if (options.now && options.startAt)
+        throw std::runtime_error("--now and --start-at: the clock cannot both stand still and go on");
     return options;
 }
 
 AppContext::AppContext(const ContextOptions &options)
     : m_hasSystemTime(!options.now && !options.timeZone)
-    , m_clock(makeClock(options.now))
+    , m_clock(makeClock(options))
     , m_defaults(options.preferences.value_or(UserDefaults::standardFile()))
     , m_environment(*m_clock,
           options.locale.value_or(Locale::current(m_defaults.stringArrayForKey(QStringLiteral("AppleLanguages")))),

@@ -20,12 +20,14 @@ struct ContextOptions
     std::optional<QString> store;
     /// Where the clock stands still.
     std::optional<Date> now;
+    /// What the clock shows at the start; it goes on from there.
+    std::optional<Date> startAt;
     std::optional<TimeZone> timeZone;
     std::optional<Locale> locale;
     /// A file of preferences, in place of the user's; no option sets it.
     std::optional<QString> preferences;
 
-    /// Adds --store, --now, --time-zone and --locale.
+    /// Adds --store, --now, --start-at, --time-zone and --locale.
     static void addTo(QCommandLineParser &parser);
     /// Throws std::runtime_error with a text for people where a value makes no sense.
     [[nodiscard]] static ContextOptions from(const QCommandLineParser &parser);
