@@ -30,7 +30,7 @@ constexpr sys_seconds kNow = sys_days { 2026y / March / 10 } + 9h;
 class NoWorkspace final : public Workspace
 {
 public:
-    bool open(const URL &) override { return false; }
+    bool open(const URL &, const QString &) override { return false; }
     QCoro::Task<bool> hasHandler(QString) override { co_return false; }
 };
 

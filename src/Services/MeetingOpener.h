@@ -18,7 +18,10 @@ public:
     {
     }
 
-    [[nodiscard]] QCoro::Task<> open(MeetingInfo meeting);
+    /// `activationToken` as Workspace::open takes it.
+    [[nodiscard]] QCoro::Task<> open(MeetingInfo meeting, QString activationToken = {});
+    /// `link`: a web link, or a deep link of MeetingURLDetector's making.
+    [[nodiscard]] QCoro::Task<> open(URL link, QString activationToken);
 
 private:
     Workspace &m_workspace;

@@ -23,7 +23,7 @@ namespace {
 class NoWorkspace final : public Workspace
 {
 public:
-    bool open(const URL &) override { return false; }
+    bool open(const URL &, const QString &) override { return false; }
     [[nodiscard]] QCoro::Task<bool> hasHandler(QString) override { co_return false; }
 };
 

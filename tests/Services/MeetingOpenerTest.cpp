@@ -42,5 +42,33 @@ INSTANTIATE_TEST_SUITE_P(Rows, MeetingOpenerTest,
         OpenCase { "NoDeepLink", nullptr, kWebAndZoom, "https://zoom.us/j/1" }),
     kRowName);
 
+struct LinkCase
+{
+    const char *name;
+    const char *link;
+    QStringList handledSchemes;
+    const char *opened;
+};
+
+class MeetingLinkTest : public testing::TestWithParam<LinkCase>
+{
+};
+
+TEST_P(MeetingLinkTest, IsOpenedWithItsToken)
+{
+    FakeWorkspace workspace;
+    workspace.schemes = GetParam().handledSchemes;
+    QCoro::waitFor(MeetingOpener(workspace).open(*URL::fromString(QLatin1String(GetParam().link)), u"token"_qs));
+    EXPECT_THAT(workspace.opened, testing::ElementsAre(QString::fromLatin1(GetParam().opened)));
+    EXPECT_THAT(workspace.tokens, testing::ElementsAre(u"token"_qs));
+}
+
+INSTANTIATE_TEST_SUITE_P(Rows, MeetingLinkTest,
+    testing::Values(LinkCase { "DeepLinkWithHandler", "zoommtg://zoom.us/join?confno=1", kWebAndZoom,
+                        "zoommtg://zoom.us/join?confno=1" },
+        LinkCase { "DeepLinkWithoutHandler", "zoommtg://zoom.us/join?confno=1", kWeb, "https://zoom.us/j/1" },
+        LinkCase { "WebLink", "https://meet.google.com/abc", {}, "https://meet.google.com/abc" }),
+    kRowName);
+
 } // namespace
 } // namespace mintaro

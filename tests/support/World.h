@@ -43,10 +43,12 @@ class FakeWorkspace final : public Workspace
 public:
     QStringList opened;
     QStringList schemes;
+    QStringList tokens;
     bool canOpen = true;
-    bool open(const URL &url) override
+    bool open(const URL &url, const QString &activationToken) override
     {
         opened.append(url.absoluteString());
+        tokens.append(activationToken);
         return canOpen;
     }
     [[nodiscard]] QCoro::Task<bool> hasHandler(QString scheme) override { co_return schemes.contains(scheme); }

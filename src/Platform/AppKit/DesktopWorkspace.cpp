@@ -48,7 +48,7 @@ DesktopWorkspace::DesktopWorkspace(QString calendarConfiguration)
 {
 }
 
-bool DesktopWorkspace::open(const URL &url)
+bool DesktopWorkspace::open(const URL &url, const QString &activationToken)
 {
     QString address = url.absoluteString();
     if (address.startsWith(kReminders))
@@ -60,7 +60,15 @@ bool DesktopWorkspace::open(const URL &url)
         logError(QStringLiteral("An address without a scheme is not opened"));
         return false;
     }
-    const bool isStarted = QProcess::startDetached(QStringLiteral("xdg-open"), { address });
+    QProcess opener;
+    opener.setProgram(QStringLiteral("xdg-open"));
+    opener.setArguments({ address });
+    if (!activationToken.isEmpty()) {
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert(QStringLiteral("XDG_ACTIVATION_TOKEN"), activationToken);
+        opener.setProcessEnvironment(environment);
+    }
+    const bool isStarted = opener.startDetached();
     if (!isStarted)
         logError(QStringLiteral("xdg-open could not be started"));
     return isStarted;

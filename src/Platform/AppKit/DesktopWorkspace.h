@@ -17,7 +17,7 @@ public:
     /// opens what the desktop has for tasks.
     explicit DesktopWorkspace(QString calendarConfiguration);
 
-    bool open(const URL &url) override;
+    bool open(const URL &url, const QString &activationToken = {}) override;
     /// Asks once for each scheme. False also where the tools are missing.
     [[nodiscard]] QCoro::Task<bool> hasHandler(QString scheme) override;
 
