@@ -343,5 +343,9 @@
         <source>remindersApp.missing</source>
         <translation>This desktop has no program for tasks that could be opened.</translation>
     </message>
+    <message id="notification.open">
+        <source>notification.open</source>
+        <translation>Open</translation>
+    </message>
 </context>
 </TS>

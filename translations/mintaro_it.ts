@@ -343,5 +343,9 @@
         <source>remindersApp.missing</source>
         <translation>Su questo desktop non c'è un programma per le attività da aprire.</translation>
     </message>
+    <message id="notification.open">
+        <source>notification.open</source>
+        <translation>Apri</translation>
+    </message>
 </context>
 </TS>
