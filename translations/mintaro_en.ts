@@ -343,9 +343,31 @@
         <source>remindersApp.missing</source>
         <translation>This desktop has no program for tasks that could be opened.</translation>
     </message>
+    <message id="notification.joinMeeting">
+        <source>notification.joinMeeting</source>
+        <translation>Join</translation>
+    </message>
     <message id="notification.open">
         <source>notification.open</source>
         <translation>Open</translation>
+    </message>
+    <message id="notification.meetingSoon %@ %@ %lld" numerus="yes">
+        <source>notification.meetingSoon %@ %@ %lld</source>
+        <translation>
+            <numerusform>%1: %2 in %n minute</numerusform>
+            <numerusform>%1: %2 in %n minutes</numerusform>
+        </translation>
+    </message>
+    <message id="notification.eventIn %@ %lld" numerus="yes">
+        <source>notification.eventIn %@ %lld</source>
+        <translation>
+            <numerusform>%1 starts in %n minute</numerusform>
+            <numerusform>%1 starts in %n minutes</numerusform>
+        </translation>
+    </message>
+    <message id="notification.eventStartingSoon">
+        <source>notification.eventStartingSoon</source>
+        <translation>Event starting soon</translation>
     </message>
 </context>
 </TS>

@@ -343,9 +343,31 @@
         <source>remindersApp.missing</source>
         <translation>Su questo desktop non c'è un programma per le attività da aprire.</translation>
     </message>
+    <message id="notification.joinMeeting">
+        <source>notification.joinMeeting</source>
+        <translation>Partecipa</translation>
+    </message>
     <message id="notification.open">
         <source>notification.open</source>
         <translation>Apri</translation>
+    </message>
+    <message id="notification.meetingSoon %@ %@ %lld" numerus="yes">
+        <source>notification.meetingSoon %@ %@ %lld</source>
+        <translation>
+            <numerusform>%1: %2 tra %n minuto</numerusform>
+            <numerusform>%1: %2 tra %n minuti</numerusform>
+        </translation>
+    </message>
+    <message id="notification.eventIn %@ %lld" numerus="yes">
+        <source>notification.eventIn %@ %lld</source>
+        <translation>
+            <numerusform>%1 inizia tra %n minuto</numerusform>
+            <numerusform>%1 inizia tra %n minuti</numerusform>
+        </translation>
+    </message>
+    <message id="notification.eventStartingSoon">
+        <source>notification.eventStartingSoon</source>
+        <translation>Evento in arrivo</translation>
     </message>
 </context>
 </TS>

@@ -6,6 +6,12 @@
 
 namespace mintaro {
 
+namespace {
+
+constexpr std::chrono::hours kSchedulingInterval { 1 };
+
+} // namespace
+
 std::vector<CalendarEvent> AppState::upcomingEvents() const
 {
     const Date now = m_environment.now();
@@ -25,7 +31,19 @@ std::vector<CalendarEvent> AppState::upcomingEvents() const
 
 void AppState::updateNextEvent()
 {
+    scheduleNotifications();
     updateCountdown();
+}
+
+void AppState::scheduleNotifications()
+{
+    if (!m_notificationService || m_refreshes > 0)
+        return;
+    m_notificationsScheduledAt = m_environment.now();
+    if (meetingNotificationsEnabled())
+        m_notificationService->scheduleUpcomingMeetingNotifications(upcomingEvents(), meetingNotificationMinutes());
+    else
+        m_notificationService->removeAllPendingMeetingNotifications();
 }
 
 QString AppState::countdown(const CalendarEvent &event) const
@@ -51,6 +69,8 @@ void AppState::updateCountdown()
     Q_EMIT nextEventChanged();
     if (isNewText)
         Q_EMIT countdownTextChanged();
+    if (std::chrono::abs(m_environment.now() - m_notificationsScheduledAt) >= kSchedulingInterval)
+        scheduleNotifications();
 }
 
 } // namespace mintaro

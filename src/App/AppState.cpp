@@ -40,6 +40,12 @@ AppState::AppState(const Dependencies &dependencies)
         Q_EMIT significantTimeChange();
     });
     connect(&m_defaults, &UserDefaults::changed, this, &AppState::onPreferenceChanged);
+    if (auto *center = dependencies.userNotifications) {
+        m_notificationService.emplace(*center, m_environment, dependencies.log);
+        // The next reminder of a series waits for that. Later, since it may be scheduling that delivers what is due.
+        connect(
+            center, &UNUserNotificationCenter::delivered, this, &AppState::scheduleNotifications, Qt::QueuedConnection);
+    }
 }
 
 AppState::~AppState() = default;
@@ -84,8 +90,15 @@ QCoro::Task<> AppState::loadEventsOnceGranted()
             co_return;
         m_logger.error(QStringLiteral("Failed to request calendar access: %1").arg(QString::fromUtf8(error.what())));
     }
-    if (m_hasCalendarAccess)
-        co_await refreshAll();
+    if (!m_hasCalendarAccess)
+        co_return;
+    if (m_notificationService) {
+        m_notificationService->registerCategories();
+        co_await m_notificationService->requestPermission();
+        if (!self)
+            co_return;
+    }
+    co_await refreshAll();
 }
 
 QCoro::Task<> AppState::loadRemindersOnceGranted()
@@ -111,6 +124,7 @@ QCoro::Task<> AppState::refreshAll()
     const auto shifted = [&](Date date, int days) {
         return calendar.dateByAdding(Calendar::Component::Day, days, date).value_or(date);
     };
+    ++m_refreshes;
     const Date start = shifted(startOfMonth(m_monthDate, calendar), -kDaysAroundMonth);
     const Date end = shifted(endOfMonth(m_monthDate, calendar), kDaysAroundMonth);
 
@@ -124,6 +138,7 @@ QCoro::Task<> AppState::refreshAll()
     co_await fetchUpcoming(start, end);
     if (!self)
         co_return;
+    --m_refreshes;
     updateNextEvent();
 }
 
@@ -224,6 +239,8 @@ void AppState::onPreferenceChanged(const QString &key)
         refreshAll();
     else if (key == QLatin1String("CountdownFormat"))
         updateCountdown();
+    else if (key == QLatin1String("MeetingNotificationsEnabled") || key == QLatin1String("MeetingNotificationMinutes"))
+        scheduleNotifications();
 }
 
 void AppState::openMeeting(const MeetingInfo &meeting)

@@ -7,6 +7,7 @@
 #include "Platform/Foundation/UserDefaults.h"
 #include "Services/EventStoreService.h"
 #include "Services/MeetingOpener.h"
+#include "Services/NotificationService.h"
 #include "Services/ReminderService.h"
 #include "ViewModels/CalendarViewModel.h"
 #include "ViewModels/EventsViewModel.h"
@@ -53,6 +54,7 @@ public:
         EventEditorOpener *eventEditor = nullptr;
         Pasteboard *pasteboard = nullptr;
         CalendarApplication *calendarApplication = nullptr;
+        UNUserNotificationCenter *userNotifications = nullptr;
         LogSink log = writeToSystemLog;
     };
 
@@ -115,8 +117,10 @@ public:
     /// Shows and selects today.
     void showToday();
 
-    /// Chooses the next event and its countdown anew.
+    /// Chooses the next event and its countdown anew, and schedules the reminders of meetings.
     void updateNextEvent();
+    /// Chooses the next event and its countdown anew; an hour after the reminders were scheduled they are again, since
+    /// they reach a day ahead.
     void updateCountdown();
     /// The fetched timed events that are not over, in ascending order of their starts. They reach a week ahead at
     /// least.
@@ -221,6 +225,7 @@ private:
     void generateMonth();
     QCoro::Task<> fetchReminders();
     [[nodiscard]] QString countdown(const CalendarEvent &event) const;
+    void scheduleNotifications();
     void onPreferenceChanged(const QString &key);
     void followToday();
     void dismissQuestions();
@@ -249,11 +254,15 @@ private:
     std::map<std::pair<QString, Date>, RejectedDraft> m_rejectedDrafts;
     QString m_errorMessage;
     bool m_isWatchingStoreChanges = false;
+    /// How many refreshes are under way: until the last one has ended, what was fetched may lack the coming week.
+    int m_refreshes = 0;
+    Date m_notificationsScheduledAt {};
     bool m_isPopoverVisible = false;
     Logger m_logger;
     MeetingOpener m_meetingOpener;
     EventStoreService m_eventStore;
     ReminderService m_reminderService;
+    std::optional<NotificationService> m_notificationService;
     CalendarViewModel m_calendarVM;
     EventsViewModel m_eventsVM;
     /// The coming week, where the month that is browsed does not hold it; otherwise empty.

@@ -135,7 +135,7 @@ struct World
     {
         if (!m_state)
             m_state = std::make_unique<AppState>(AppState::Dependencies { database, notifications, defaults,
-                environment, workspace, &eventEditor, &pasteboard, &calendarApplication, log });
+                environment, workspace, &eventEditor, &pasteboard, &calendarApplication, userNotifications, log });
         return *m_state;
     }
 
@@ -169,6 +169,8 @@ struct World
     FakeEventEditor eventEditor;
     FakePasteboard pasteboard;
     FakeCalendarApplication calendarApplication;
+    /// To be set before the state is made; null: nobody is reminded.
+    UNUserNotificationCenter *userNotifications = nullptr;
     MemoryBackend *backend = nullptr;
     std::shared_ptr<CalendarDatabase> database;
 
