@@ -351,6 +351,10 @@
         <source>notification.open</source>
         <translation>Apri</translation>
     </message>
+    <message id="notification.dismiss">
+        <source>notification.dismiss</source>
+        <translation>Ignora</translation>
+    </message>
     <message id="notification.meetingSoon %@ %@ %lld" numerus="yes">
         <source>notification.meetingSoon %@ %@ %lld</source>
         <translation>

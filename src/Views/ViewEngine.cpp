@@ -3,6 +3,7 @@
 #include "Services/FaviconService.h"
 #include "Views/Components/SymbolImageProvider.h"
 #include "Views/EventEditor/EventEditorViewController.h"
+#include "Views/Notifications/NotificationViewController.h"
 
 #include <QQmlComponent>
 #include <QQuickWindow>
@@ -40,6 +41,12 @@ std::unique_ptr<QQuickItem> ViewEngine::makeMenuBarLabel()
 std::unique_ptr<QQuickItem> ViewEngine::makeEventEditorView(EventEditorViewController &controller)
 {
     return make(QStringLiteral("EventEditor/EventEditorView"),
+        { { QStringLiteral("controller"), QVariant::fromValue(&controller) } });
+}
+
+std::unique_ptr<QQuickItem> ViewEngine::makeNotificationView(NotificationViewController &controller)
+{
+    return make(QStringLiteral("Notifications/NotificationView"),
         { { QStringLiteral("controller"), QVariant::fromValue(&controller) } });
 }
 

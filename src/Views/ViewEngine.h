@@ -12,6 +12,7 @@ namespace mintaro {
 
 class EventEditorViewController;
 class FaviconService;
+class NotificationViewController;
 
 /// The QML engine with all that the views need, and a maker of the views that stand by themselves. For the main thread.
 class ViewEngine
@@ -26,6 +27,8 @@ public:
     [[nodiscard]] std::unique_ptr<QQuickItem> makeMenuBarLabel();
     /// `controller` must outlive the item.
     [[nodiscard]] std::unique_ptr<QQuickItem> makeEventEditorView(EventEditorViewController &controller);
+    /// `controller` must outlive the item.
+    [[nodiscard]] std::unique_ptr<QQuickItem> makeNotificationView(NotificationViewController &controller);
 
 private:
     [[nodiscard]] std::unique_ptr<QQuickItem> make(const QString &view, const QVariantMap &properties);

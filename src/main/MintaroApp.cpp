@@ -22,11 +22,18 @@ QByteArray userAgent()
 MintaroApp::MintaroApp(const ContextOptions &options)
     : m_context(options)
     , m_workspace(AppContext::calendarConfigurationFolder())
+    , m_desktopNotifications(QDBusConnection::sessionBus(), m_sounds)
+    , m_userNotifications(m_context.environment(), m_desktopNotifications)
+    , m_appDelegate(m_workspace)
     , m_appState(dependencies())
     , m_label(m_appState)
     , m_session(userAgent())
     , m_favicons(m_session, QStringLiteral(MINTARO_ICON_SERVICE))
+    , m_hourlyChime(m_context.defaults(), m_context.environment(), m_sounds)
+    , m_notificationPanel([this]() -> ViewEngine & { return views(); })
 {
+    m_desktopNotifications.setFallback(&m_notificationPanel);
+    m_userNotifications.setDelegate(&m_appDelegate);
     connect(&m_label, &MenuBarLabel::changed, this, &MintaroApp::updateStatusItem);
     connect(&m_appState, &AppState::nextEventChanged, this, [this] {
         updateStatusItem();
@@ -135,6 +142,7 @@ AppState::Dependencies MintaroApp::dependencies()
     AppState::Dependencies dependencies = m_context.dependencies(m_workspace, this);
     dependencies.pasteboard = &m_pasteboard;
     dependencies.calendarApplication = &m_calendarApplication;
+    dependencies.userNotifications = &m_userNotifications;
     return dependencies;
 }
 

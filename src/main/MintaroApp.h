@@ -9,9 +9,14 @@
 #include "Platform/AppKit/PopoverWindow.h"
 #include "Platform/AppKit/StatusItem.h"
 #include "Services/FaviconService.h"
+#include "Platform/AppKit/SystemSound.h"
+#include "Platform/UserNotifications/DesktopNotifications.h"
+#include "Services/HourlyChimeService.h"
 #include "Views/EventEditor/EventEditorPanel.h"
 #include "Views/Main/MenuBarLabel.h"
+#include "Views/Notifications/NotificationPanel.h"
 #include "Views/ViewEngine.h"
+#include "main/AppDelegate.h"
 
 namespace mintaro {
 
@@ -47,12 +52,18 @@ private:
     GeneralPasteboard m_pasteboard;
     DesktopCalendarApplication m_calendarApplication;
     Appearance m_appearance;
+    SystemSound m_sounds;
+    DesktopNotifications m_desktopNotifications;
+    UNUserNotificationCenter m_userNotifications;
+    AppDelegate m_appDelegate;
     AppState m_appState;
     MenuBarLabel m_label;
     URLSession m_session;
     FaviconService m_favicons;
+    HourlyChimeService m_hourlyChime;
     StatusItem m_statusItem;
     std::unique_ptr<ViewEngine> m_views;
+    NotificationPanel m_notificationPanel;
     std::unique_ptr<EventEditorPanel> m_eventEditor;
     std::unique_ptr<PopoverWindow> m_popover;
     std::unique_ptr<QQuickItem> m_popoverContent;

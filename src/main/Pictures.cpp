@@ -4,6 +4,7 @@
 #include "Platform/AppKit/Workspace.h"
 #include "Views/EventEditor/EventEditorViewController.h"
 #include "Views/Main/MenuBarLabel.h"
+#include "Views/Notifications/NotificationViewController.h"
 #include "Views/ViewEngine.h"
 
 #include <QCoroTask>
@@ -64,6 +65,7 @@ public:
         drawQuestions(*popover);
         drawSearches(*popover);
         drawEditors();
+        drawNotification();
         m_context.defaults().setBool(true, QStringLiteral("ShowWeekNumbers"));
         select(QStringLiteral("nothing of that name"));
         save(*popover, QStringLiteral("popover-empty"));
@@ -145,6 +147,18 @@ private:
         QCoro::waitFor(editor.loadData());
         const auto view = m_views.makeEventEditorView(editor);
         save(*view, QLatin1String(name), [&] { act(editor); });
+    }
+
+    void drawNotification()
+    {
+        constexpr int kMinutes = 5;
+        const QString title = QStringLiteral("Design review");
+        NotificationViewController notification({ .identifier = {},
+            .title = qtTrId("notification.meetingSoon %@ %@ %lld", kMinutes).arg(QStringLiteral("Zoom"), title),
+            .body = qtTrId("notification.eventIn %@ %lld", kMinutes).arg(title),
+            .hasSound = false,
+            .actions = { { QString(), qtTrId("notification.joinMeeting") } } });
+        save(*m_views.makeNotificationView(notification), QStringLiteral("notification"));
     }
 
     /// The first event of the month that is like that.

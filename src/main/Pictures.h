@@ -15,9 +15,9 @@ struct PictureJob
     QString language;
 };
 
-/// Draws label, popover and editor in light and dark on the job's store, off screen, at twice the size; what needs an
-/// event that the store does not have is left out. Gives the files written; throws std::runtime_error where something
-/// does not load or cannot be written. Runs an event loop until all is loaded.
+/// Draws label, popover, editor and notification in light and dark on the job's store, off screen, at twice the size;
+/// what needs an event that the store does not have is left out. Gives the files written; throws std::runtime_error
+/// where something does not load or cannot be written. Runs an event loop until all is loaded.
 [[nodiscard]] QStringList drawPictures(const PictureJob &job);
 
 } // namespace mintaro

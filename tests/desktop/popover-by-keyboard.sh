@@ -2,7 +2,7 @@
 # A user without a mouse: everything in the popover by keys alone, seen with the eyes of a screen reader.
 set -euo pipefail
 panel=none
-now=2026-03-11T09:00:00
+sample_moment=2026-03-11T09:00:00
 . "$(dirname "$0")/scenario.sh"
 
 at() { /usr/bin/python3 -W ignore "$(dirname "$0")/accessible.py" "$@"; }
@@ -23,7 +23,7 @@ is() { [ "$(count "$1")" = "$2" ]; }
 chip() { xdotool search --onlyvisible --pid $mintaro; }
 
 export QT_LINUX_ACCESSIBILITY_ALWAYS_ON=1
-start_mintaro --now "$now"
+start_mintaro --now "$sample_moment"
 await 12 "the chip appears" chip
 eval "$(xdotool getwindowgeometry --shell "$(chip | head -n 1)")"
 xdotool mousemove $((X + WIDTH / 2)) $((Y + HEIGHT / 2)) click 1

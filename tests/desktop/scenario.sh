@@ -1,5 +1,5 @@
 # What the scenarios share; to be sourced. Expects the folder of the programs and one for pictures as $1 and $2, and starts the
-# scenario anew inside a session with the panel that it names in $panel. The sample store is of the moment $now, where that is set.
+# scenario anew inside a session with the panel that it names in $panel.
 
 bin=$1
 pictures=$2
@@ -21,9 +21,9 @@ await() {
     done
 }
 
-# start_mintaro OPTIONS...
+# start_mintaro OPTION...: on a sample store of this moment, or of $sample_moment.
 start_mintaro() {
-    "$bin/mintaro-sample-store" ${now:+--now "$now"} "$HOME/store" >/dev/null
+    "$bin/mintaro-sample-store" "$HOME/store" ${sample_moment:+--now "$sample_moment"} >/dev/null
     export XDG_CONFIG_HOME=$HOME/store/config
     # A stand-in for the desktop's opener, which the program finds before any other.
     mkdir -p "$HOME/bin"

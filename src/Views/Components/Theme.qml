@@ -52,6 +52,7 @@ QtObject {
 
     // Measures, in points
     readonly property int editorWidth: 320
+    readonly property int notificationWidth: 320
     readonly property int fadeHeight: 14
     readonly property int margin: 12
     readonly property int gridMargin: 8
