@@ -31,8 +31,11 @@ std::vector<DayEvents> AppState::agendaEvents() const
         if (inWindow(date))
             byDay[date].insert(byDay[date].end(), day.events.begin(), day.events.end());
     }
+    // Of thousands of reminders only these few are worth a question to the calendar; a day has 25 hours at most.
+    const auto mayBeInWindow
+        = [&](Date due) { return due >= windowStart && due < windowEnd + std::chrono::hours { 25 }; };
     for (const ReminderItem &reminder : m_remindersVM.reminders()) {
-        if (!reminder.dueDate)
+        if (!reminder.dueDate || !mayBeInWindow(*reminder.dueDate))
             continue;
         const Date date = calendar.startOfDay(*reminder.dueDate);
         if (inWindow(date))

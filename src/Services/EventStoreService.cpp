@@ -39,30 +39,30 @@ QCoro::Task<bool> EventStoreService::requestAccess()
     return m_actor.perform([this] { return m_store.requestFullAccessToEvents(); });
 }
 
-QCoro::Task<std::vector<FetchedEvent>> EventStoreService::fetchEvents(
+QCoro::Task<std::vector<CalendarEvent>> EventStoreService::fetchEvents(
     Date from, Date to, std::optional<std::vector<EKCalendarRef>> calendars)
 {
     return m_actor.perform(
         [this, predicate = EKEventStore::predicateForEvents(from, to, calendars)] { return fetch(predicate); });
 }
 
-QCoro::Task<std::vector<FetchedEvent>> EventStoreService::searchEvents(QString text, Date from, Date to)
+QCoro::Task<std::vector<CalendarEvent>> EventStoreService::searchEvents(QString text, Date from, Date to)
 {
     return m_actor.perform([this, predicate = EKEventStore::predicateForEvents(from, to, std::nullopt, text)] {
         return fetch(predicate);
     });
 }
 
-std::vector<FetchedEvent> EventStoreService::fetch(const EKEventPredicate &predicate)
+std::vector<CalendarEvent> EventStoreService::fetch(const EKEventPredicate &predicate)
 {
-    std::vector<FetchedEvent> fetched;
-    for (EKEvent &event : m_store.eventsMatchingPredicate(predicate)) {
+    std::vector<CalendarEvent> fetched;
+    for (const EKEvent &event : m_store.eventsMatchingPredicate(predicate)) {
         if (isDeclinedByCurrentUser(event))
             continue;
         const auto &meeting = m_meetings.value(event.item(), [&] {
             return m_detector.detectMeetingURL({ event.location(), event.url(), event.notes() });
         });
-        fetched.push_back({ std::move(event), meeting });
+        fetched.push_back(CalendarEvent::fromEvent(event, meeting));
     }
     m_meetings.prune();
     return fetched;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Models/MeetingInfo.h"
+#include "Models/CalendarEvent.h"
 #include "Platform/EventKit/EKEventStore.h"
 #include "Platform/Foundation/Actor.h"
 #include "Platform/Foundation/AsyncStream.h"
@@ -14,13 +14,6 @@
 #include <variant>
 
 namespace mintaro {
-
-/// An event with the meeting link that was found in its texts.
-struct FetchedEvent
-{
-    EKEvent event;
-    std::optional<MeetingInfo> meetingInfo;
-};
 
 /// The first attendee that is the current user decides.
 [[nodiscard]] bool isDeclinedByCurrentUser(const EKEvent &event);
@@ -37,13 +30,13 @@ public:
 
     /// True when granted; throws EKError as the store reports it.
     [[nodiscard]] QCoro::Task<bool> requestAccess();
-    /// Every occurrence that overlaps the range, except those that the current user declined, in the store's order.
-    /// `calendars`: absent for every one.
-    [[nodiscard]] QCoro::Task<std::vector<FetchedEvent>> fetchEvents(
+    /// Every occurrence that overlaps the range, except those that the current user declined, in the store's order and
+    /// with the meeting link that was found in its texts. `calendars`: absent for every one.
+    [[nodiscard]] QCoro::Task<std::vector<CalendarEvent>> fetchEvents(
         Date from, Date to, std::optional<std::vector<EKCalendarRef>> calendars);
     /// What fetchEvents gives for every calendar, as far as title, location or notes contain `text`, whatever the case
     /// by the rules of the user's language.
-    [[nodiscard]] QCoro::Task<std::vector<FetchedEvent>> searchEvents(QString text, Date from, Date to);
+    [[nodiscard]] QCoro::Task<std::vector<CalendarEvent>> searchEvents(QString text, Date from, Date to);
     /// The occurrence that begins at `start`, as EKEventStore finds it; empty where there is none by now.
     [[nodiscard]] QCoro::Task<std::optional<EKEvent>> eventWithIdentifier(QString identifier, Date start);
     /// The event in the calendar of that identifier; where none is named or known in the default one, and where there
@@ -60,7 +53,7 @@ public:
     [[nodiscard]] AsyncStream<std::monostate> storeChanges();
 
 private:
-    [[nodiscard]] std::vector<FetchedEvent> fetch(const EKEventPredicate &predicate);
+    [[nodiscard]] std::vector<CalendarEvent> fetch(const EKEventPredicate &predicate);
 
     EKEventStore m_store;
     MeetingURLDetector m_detector;

@@ -11,6 +11,17 @@ QString logTitle(const EKReminder &reminder)
     return reminder.title().isEmpty() ? QStringLiteral("untitled") : reminder.title();
 }
 
+ReminderItem toItem(const EKReminder &reminder, const std::optional<URL> &url, const Calendar &calendar)
+{
+    const auto due = reminder.dueDateComponents();
+    return { .id = reminder.calendarItemIdentifier(),
+        .title = reminder.title(),
+        .dueDate = due ? due->date(calendar) : std::nullopt,
+        .isCompleted = reminder.isCompleted(),
+        .listColor = reminder.calendar()->cgColor,
+        .url = url };
+}
+
 } // namespace
 
 ReminderService::ReminderService(EKEventStore store, const Clock &clock, const LogSink &log)
@@ -31,18 +42,20 @@ QCoro::Task<std::vector<EKCalendarRef>> ReminderService::reminderLists()
     return m_actor.perform([this] { return m_store.calendarsForEntityType(EKEntityType::Reminder); });
 }
 
-QCoro::Task<std::vector<FetchedReminder>> ReminderService::fetchReminders(
-    std::optional<std::vector<EKCalendarRef>> lists)
+QCoro::Task<std::vector<ReminderItem>> ReminderService::fetchReminders(
+    std::optional<std::vector<EKCalendarRef>> lists, Calendar calendar)
 {
-    return m_actor.perform([this, predicate = EKEventStore::predicateForReminders(lists)] { return fetch(predicate); });
+    return m_actor.perform([this, predicate = EKEventStore::predicateForReminders(lists), calendar] {
+        return fetch(predicate, calendar);
+    });
 }
 
-std::vector<FetchedReminder> ReminderService::fetch(const EKReminderPredicate &predicate)
+std::vector<ReminderItem> ReminderService::fetch(const EKReminderPredicate &predicate, const Calendar &calendar)
 {
-    std::vector<FetchedReminder> fetched;
-    for (EKReminder &reminder : m_store.fetchRemindersMatchingPredicate(predicate)) {
+    std::vector<ReminderItem> fetched;
+    for (const EKReminder &reminder : m_store.fetchRemindersMatchingPredicate(predicate)) {
         const auto &url = m_links.value(reminder.record(), [&] { return link(reminder); });
-        fetched.push_back({ std::move(reminder), url });
+        fetched.push_back(toItem(reminder, url, calendar));
     }
     m_links.prune();
     return fetched;

@@ -1,7 +1,9 @@
 #pragma once
 
+#include "Models/ReminderItem.h"
 #include "Platform/EventKit/EKEventStore.h"
 #include "Platform/Foundation/Actor.h"
+#include "Platform/Foundation/Calendar.h"
 #include "Platform/Foundation/Clock.h"
 #include "Platform/Foundation/LinkDetector.h"
 #include "Platform/Foundation/Logger.h"
@@ -10,13 +12,6 @@
 #include <QCoroTask>
 
 namespace mintaro {
-
-/// A reminder with its link: its own URL, else the first link in its notes.
-struct FetchedReminder
-{
-    EKReminder reminder;
-    std::optional<URL> url;
-};
 
 /// The only way to the reminders of the store: an actor with a store connection of its own. Its operations may be
 /// awaited from any thread with an event loop.
@@ -30,16 +25,17 @@ public:
     [[nodiscard]] QCoro::Task<bool> requestAccess();
     /// All reminder lists, in the store's order.
     [[nodiscard]] QCoro::Task<std::vector<EKCalendarRef>> reminderLists();
-    /// Every reminder of the lists, done or not, dated or not. `lists`: absent for every one.
-    [[nodiscard]] QCoro::Task<std::vector<FetchedReminder>> fetchReminders(
-        std::optional<std::vector<EKCalendarRef>> lists);
+    /// Every reminder of the lists, done or not, dated or not, each with its own URL, else the first link in its notes.
+    /// `lists`: absent for every one. `calendar` tells the moment of a date without a zone.
+    [[nodiscard]] QCoro::Task<std::vector<ReminderItem>> fetchReminders(
+        std::optional<std::vector<EKCalendarRef>> lists, Calendar calendar);
     /// `id`: a calendarItemIdentifier. Both do nothing where there is no such reminder by now; what the store refuses
     /// costs a line in the log.
     [[nodiscard]] QCoro::Task<> toggleCompletion(QString id);
     [[nodiscard]] QCoro::Task<> deleteReminder(QString id);
 
 private:
-    [[nodiscard]] std::vector<FetchedReminder> fetch(const EKReminderPredicate &predicate);
+    [[nodiscard]] std::vector<ReminderItem> fetch(const EKReminderPredicate &predicate, const Calendar &calendar);
     [[nodiscard]] std::optional<EKReminder> find(const QString &id);
     [[nodiscard]] std::optional<URL> link(const EKReminder &reminder) const;
 

@@ -10,6 +10,12 @@ namespace {
 
 constexpr std::size_t kMostColors = 3;
 
+DateInterval wholeDay(Date date, const Calendar &calendar)
+{
+    const std::chrono::year_month_day next = std::chrono::sys_days(calendar.civilDay(date)) + std::chrono::days { 1 };
+    return { calendar.startOfDay(date), calendar.startOfDay(next) };
+}
+
 } // namespace
 
 EventsViewModel::EventsViewModel(EventStoreService &eventStore, const Environment &environment)
@@ -40,18 +46,21 @@ void EventsViewModel::clear()
 }
 
 std::vector<DayEvents> EventsViewModel::grouped(
-    std::vector<FetchedEvent> fetched, const QSet<QString> &selection, HidePastEvents hidePastEvents) const
+    std::vector<CalendarEvent> fetched, const QSet<QString> &selection, HidePastEvents hidePastEvents) const
 {
     const Calendar calendar = m_environment.calendar();
     const Date now = m_environment.now();
     std::map<Date, std::vector<CalendarEvent>> byDay;
-    for (FetchedEvent &each : fetched) {
-        if (!selection.isEmpty() && !selection.contains(each.event.calendar()->calendarIdentifier))
+    // The store's order is that of the starts, so that most are of the same day as the one before.
+    DateInterval day {};
+    for (CalendarEvent &event : fetched) {
+        if (!selection.isEmpty() && !selection.contains(event.ekEvent.calendar()->calendarIdentifier))
             continue;
-        if (hidePastEvents == HidePastEvents::Yes && each.event.endDate() < now)
+        if (hidePastEvents == HidePastEvents::Yes && event.endDate < now)
             continue;
-        byDay[calendar.startOfDay(each.event.startDate())].push_back(
-            CalendarEvent::fromEvent(each.event, std::move(each.meetingInfo)));
+        if (event.startDate < day.start || event.startDate >= day.end)
+            day = wholeDay(event.startDate, calendar);
+        byDay[day.start].push_back(std::move(event));
     }
     std::vector<DayEvents> days;
     for (auto &[date, events] : byDay) {

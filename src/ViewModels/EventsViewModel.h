@@ -42,7 +42,7 @@ Q_SIGNALS:
 
 private:
     [[nodiscard]] std::vector<DayEvents> grouped(
-        std::vector<FetchedEvent> fetched, const QSet<QString> &selection, HidePastEvents hidePastEvents) const;
+        std::vector<CalendarEvent> fetched, const QSet<QString> &selection, HidePastEvents hidePastEvents) const;
     void setLoading(bool isLoading);
 
     EventStoreService &m_eventStore;

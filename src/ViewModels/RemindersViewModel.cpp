@@ -4,22 +4,6 @@
 
 namespace mintaro {
 
-namespace {
-
-ReminderItem toItem(const FetchedReminder &fetched, const Calendar &calendar)
-{
-    const EKReminder &reminder = fetched.reminder;
-    const auto due = reminder.dueDateComponents();
-    return { .id = reminder.calendarItemIdentifier(),
-        .title = reminder.title(),
-        .dueDate = due ? due->date(calendar) : std::nullopt,
-        .isCompleted = reminder.isCompleted(),
-        .listColor = reminder.calendar()->cgColor,
-        .url = fetched.url };
-}
-
-} // namespace
-
 RemindersViewModel::RemindersViewModel(ReminderService &reminderService, const Environment &environment)
     : m_reminderService(reminderService)
     , m_environment(environment)
@@ -38,14 +22,9 @@ QCoro::Task<> RemindersViewModel::fetchReminders(QSet<QString> selectedListIDs)
             co_return;
         std::erase_if(*lists, [&](const auto &list) { return !selectedListIDs.contains(list->calendarIdentifier); });
     }
-    const auto fetched = co_await m_reminderService.fetchReminders(std::move(lists));
+    auto reminders = co_await m_reminderService.fetchReminders(std::move(lists), m_environment.calendar());
     if (!self)
         co_return;
-    const Calendar calendar = m_environment.calendar();
-    std::vector<ReminderItem> reminders;
-    reminders.reserve(fetched.size());
-    for (const FetchedReminder &each : fetched)
-        reminders.push_back(toItem(each, calendar));
     if (reminders != m_reminders) {
         m_reminders = std::move(reminders);
         Q_EMIT remindersChanged();

@@ -53,13 +53,9 @@ QCoro::Task<> SearchViewModel::search()
     }
     setIsSearching(true);
     const DateInterval dates = range(m_environment);
-    auto fetched = co_await m_eventStore.searchEvents(text, dates.start, dates.end);
+    auto results = co_await m_eventStore.searchEvents(text, dates.start, dates.end);
     if (!self)
         co_return;
-    std::vector<CalendarEvent> results;
-    results.reserve(fetched.size());
-    for (FetchedEvent &each : fetched)
-        results.push_back(CalendarEvent::fromEvent(each.event, std::move(each.meetingInfo)));
     setResults(std::move(results));
     setIsSearching(false);
 }

@@ -22,11 +22,10 @@ protected:
 
     std::optional<EKReminder> reminder(const QString &id)
     {
-        for (const FetchedReminder &each : QCoro::waitFor(service.fetchReminders(std::nullopt))) {
-            if (each.reminder.calendarItemIdentifier() == id)
-                return each.reminder;
-        }
-        return std::nullopt;
+        const auto all = EKEventStore(world.database)
+                             .fetchRemindersMatchingPredicate(EKEventStore::predicateForReminders(std::nullopt));
+        const auto found = std::ranges::find(all, id, &EKReminder::calendarItemIdentifier);
+        return found == all.end() ? std::nullopt : std::optional(*found);
     }
 
     World world { "2026-03-07 12:00" };
