@@ -36,7 +36,8 @@ AppState::AppState(const Dependencies &dependencies)
     , m_searchVM(m_eventStore, m_environment)
 {
     connect(&m_environment, &Environment::significantTimeChange, this, [this] {
-        followToday();
+        if (!m_isPopoverVisible)
+            followTodayAndRefresh();
         Q_EMIT significantTimeChange();
     });
     connect(&m_defaults, &UserDefaults::changed, this, &AppState::onPreferenceChanged);
@@ -58,8 +59,11 @@ void AppState::setSelectedDate(Date date)
 
 void AppState::setMonthDate(Date date)
 {
-    if (std::exchange(m_monthDate, date) != date)
-        Q_EMIT monthDateChanged();
+    if (std::exchange(m_monthDate, date) == date)
+        return;
+    Q_EMIT monthDateChanged();
+    if (m_isPopoverVisible)
+        refreshAll();
 }
 
 QSet<QString> AppState::selection(const QString &key) const
@@ -71,9 +75,17 @@ QSet<QString> AppState::selection(const QString &key) const
 QCoro::Task<> AppState::requestAccessAndLoad()
 {
     const QPointer<AppState> self(this);
+    const bool hadReminderAccess = m_hasReminderAccess;
     co_await loadEventsOnceGranted();
-    if (self)
-        co_await loadRemindersOnceGranted();
+    if (!self)
+        co_return;
+    co_await askForReminders();
+    if (!self)
+        co_return;
+    // A refresh that ran before access was given found none.
+    const bool areFetched = hadReminderAccess && m_hasCalendarAccess;
+    if (m_hasReminderAccess && !areFetched)
+        co_await fetchReminders();
 }
 
 QCoro::Task<> AppState::loadEventsOnceGranted()
@@ -101,20 +113,19 @@ QCoro::Task<> AppState::loadEventsOnceGranted()
     co_await refreshAll();
 }
 
-QCoro::Task<> AppState::loadRemindersOnceGranted()
+QCoro::Task<> AppState::askForReminders()
 {
     const QPointer<AppState> self(this);
     try {
         const bool granted = co_await m_reminderService.requestAccess();
-        if (!self || !granted)
-            co_return;
-    } catch (const EKError &error) {
         if (self)
-            m_logger.error(
-                QStringLiteral("Failed to request reminders access: %1").arg(QString::fromUtf8(error.what())));
-        co_return;
+            m_hasReminderAccess = granted;
+    } catch (const EKError &error) {
+        if (!self)
+            co_return;
+        m_hasReminderAccess = false;
+        m_logger.error(QStringLiteral("Failed to request reminders access: %1").arg(QString::fromUtf8(error.what())));
     }
-    co_await fetchReminders();
 }
 
 QCoro::Task<> AppState::refreshAll()
@@ -197,10 +208,15 @@ void AppState::generateMonth()
 
 void AppState::setPopoverVisible(bool isVisible)
 {
-    m_isPopoverVisible = isVisible;
-    if (!isVisible)
-        dismissQuestions();
-    followToday();
+    if (isVisible) {
+        // Whoever opens it fetches everything anyway.
+        followToday();
+        m_isPopoverVisible = true;
+        return;
+    }
+    m_isPopoverVisible = false;
+    dismissQuestions();
+    followTodayAndRefresh();
 }
 
 void AppState::dismissQuestions()
@@ -211,21 +227,24 @@ void AppState::dismissQuestions()
     setErrorMessage({});
 }
 
-void AppState::followToday()
+bool AppState::followToday()
 {
-    if (m_isPopoverVisible)
-        return;
     const Calendar calendar = m_environment.calendar();
     const Date now = m_environment.now();
     const Date before = std::exchange(m_today, now);
     if (calendar.isDateInSameDay(before, now))
-        return;
+        return false;
     if (calendar.isDateInSameDay(m_selectedDate, before))
         setSelectedDate(now);
     if (startOfMonth(m_monthDate, calendar) == startOfMonth(before, calendar))
         setMonthDate(now);
+    return true;
+}
+
+void AppState::followTodayAndRefresh()
+{
     // A refresh that is under way may have begun with the old month.
-    if (m_hasCalendarAccess)
+    if (followToday() && m_hasCalendarAccess)
         refreshAll();
 }
 

@@ -66,7 +66,7 @@ public:
 
     [[nodiscard]] Date selectedDate() const { return m_selectedDate; }
     void setSelectedDate(Date date);
-    /// Any moment of the month that is shown.
+    /// Any moment of the month that is shown. While the popover shows, another one is fetched at once.
     [[nodiscard]] Date monthDate() const { return m_monthDate; }
     void setMonthDate(Date date);
     [[nodiscard]] const std::optional<CalendarEvent> &nextEvent() const { return m_nextEvent; }
@@ -220,14 +220,16 @@ private:
 
     [[nodiscard]] QSet<QString> selection(const QString &key) const;
     QCoro::Task<> loadEventsOnceGranted();
-    QCoro::Task<> loadRemindersOnceGranted();
+    QCoro::Task<> askForReminders();
     QCoro::Task<> fetchUpcoming(Date fetchedFrom, Date fetchedTo);
     void generateMonth();
     QCoro::Task<> fetchReminders();
     [[nodiscard]] QString countdown(const CalendarEvent &event) const;
     void scheduleNotifications();
     void onPreferenceChanged(const QString &key);
-    void followToday();
+    /// False where it is still the day that it was.
+    bool followToday();
+    void followTodayAndRefresh();
     void dismissQuestions();
     QCoro::Task<> showInCalendarApp(const DateComponents &day);
     QCoro::Task<bool> runScript(QString source);
@@ -246,6 +248,7 @@ private:
     std::optional<CalendarEvent> m_nextEvent;
     QString m_countdownText;
     bool m_hasCalendarAccess = false;
+    bool m_hasReminderAccess = false;
     std::optional<CalendarEvent> m_pendingDeleteEvent;
     bool m_isShowingSearch = false;
     bool m_isShowingDeleteConfirmation = false;

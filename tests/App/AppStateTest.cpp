@@ -240,6 +240,32 @@ TEST_F(AppStateTest, DayThatTurnedWhileOpenIsCaughtUpWithAfterClosing)
     EXPECT_EQ(state.selectedDate(), world.clock.moment);
 }
 
+TEST_F(AppStateTest, DayThatTurnedUnnoticedIsCaughtUpWithAtTheOpening)
+{
+    AppState &state = world.loaded();
+    const QSignalSpy fetches(&state.eventsVM(), &EventsViewModel::isLoadingChanged);
+    world.clock.moment = at("2026-04-01 08:00");
+    state.setPopoverVisible(true);
+    EXPECT_EQ(state.selectedDate(), world.clock.moment);
+    EXPECT_EQ(state.monthDate(), world.clock.moment);
+    EXPECT_EQ(fetches.size(), 0) << "the opening itself fetches";
+}
+
+TEST_F(AppStateTest, EachLaterOpeningFetchesOnce)
+{
+    AppState &state = world.loaded();
+    QSignalSpy events(&state.eventsVM(), &EventsViewModel::isLoadingChanged);
+    QSignalSpy reminders(&state.remindersVM(), &RemindersViewModel::isLoadingChanged);
+    state.setPopoverVisible(true);
+    QCoro::waitFor(state.requestAccessAndLoad());
+    EXPECT_EQ(events.size(), 2);
+    EXPECT_EQ(reminders.size(), 2);
+    events.clear();
+    state.navigateMonth(1);
+    ASSERT_TRUE(events.wait());
+    EXPECT_EQ(events.size(), 2) << "the month that is shown now";
+}
+
 /// How far a load has come when the state goes, in rounds of the event loop.
 class DestructionTest : public testing::TestWithParam<int>
 {
