@@ -115,7 +115,7 @@ TEST_F(MeetingRemindersTest, PassedInSleepComeAtWakeUnlessAllIsOver)
     world.clock.moment = at("2026-03-07 10:00");
     world.state().updateCountdown(); // the label's tick may be the first to wake
     settle();
-    EXPECT_THAT(onScreen(), ElementsAre(u"running"_qs));
+    ASSERT_THAT(onScreen(), ElementsAre(u"running"_qs));
     EXPECT_EQ(screen.onScreen.front().body, u"09:00 - 11:00"_qs) << "minutes would be wrong by now";
 }
 
