@@ -149,6 +149,8 @@ QCoro::Task<> AppState::refreshAll()
     co_await fetchUpcoming(start, end);
     if (!self)
         co_return;
+    if (m_isShowingSearch)
+        m_searchVM.searchAgain();
     --m_refreshes;
     updateNextEvent();
 }

@@ -47,8 +47,9 @@ QCoro::Task<> SearchViewModel::search()
 {
     const QPointer<SearchViewModel> self(this);
     const QString text = query(m_searchText);
+    m_query = text;
     if (text.isEmpty()) {
-        setResults({});
+        setResults({}, Search::New);
         co_return;
     }
     setIsSearching(true);
@@ -56,22 +57,36 @@ QCoro::Task<> SearchViewModel::search()
     auto results = co_await m_eventStore.searchEvents(text, dates.start, dates.end);
     if (!self)
         co_return;
-    setResults(std::move(results));
+    setResults(std::move(results), Search::New);
     setIsSearching(false);
+}
+
+QCoro::Task<> SearchViewModel::searchAgain()
+{
+    const QPointer<SearchViewModel> self(this);
+    const QString text = m_query;
+    if (text.isEmpty() || m_isSearching)
+        co_return;
+    const DateInterval dates = range(m_environment);
+    auto results = co_await m_eventStore.searchEvents(text, dates.start, dates.end);
+    // A new search that began meanwhile has the last word.
+    if (self && m_query == text && !m_isSearching)
+        setResults(std::move(results), Search::Repeated);
 }
 
 void SearchViewModel::clear()
 {
     setSearchText({});
-    setResults({});
+    m_query.clear();
+    setResults({}, Search::New);
 }
 
-void SearchViewModel::setResults(std::vector<CalendarEvent> results)
+void SearchViewModel::setResults(std::vector<CalendarEvent> results, Search search)
 {
     const bool wasEmpty = m_results.empty();
     m_results = std::move(results);
     if (!wasEmpty || !m_results.empty())
-        Q_EMIT resultsChanged();
+        Q_EMIT resultsChanged(search == Search::Repeated);
 }
 
 void SearchViewModel::setIsSearching(bool isSearching)

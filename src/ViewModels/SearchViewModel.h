@@ -9,7 +9,7 @@
 namespace mintaro {
 
 /// The search for events by their texts: what was typed, and what the last search found. Nothing is searched while the
-/// user types, nor again when the store changes. For the main thread.
+/// user types. For the main thread.
 class SearchViewModel : public QObject
 {
     Q_OBJECT
@@ -30,6 +30,8 @@ public:
     /// where that is empty. Of searches that overlap the last to finish decides the results, and the first ends
     /// isSearching.
     QCoro::Task<> search();
+    /// Repeats the last search, whatever has been typed since, for a store that changed. Without one nothing happens.
+    QCoro::Task<> searchAgain();
     /// Empties search text and results. A search under way goes on.
     void clear();
 
@@ -40,16 +42,21 @@ public:
 
 Q_SIGNALS:
     void searchTextChanged();
-    void resultsChanged();
+    /// After a new search, and after one that was repeated.
+    void resultsChanged(bool isRepeated);
     void isSearchingChanged();
 
 private:
-    void setResults(std::vector<CalendarEvent> results);
+    enum class Search { New, Repeated };
+
+    void setResults(std::vector<CalendarEvent> results, Search search);
     void setIsSearching(bool isSearching);
 
     EventStoreService &m_eventStore;
     const Environment &m_environment;
     QString m_searchText;
+    /// Of the last search; empty where the results are nobody's.
+    QString m_query;
     std::vector<CalendarEvent> m_results;
     bool m_isSearching = false;
 };

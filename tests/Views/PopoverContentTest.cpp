@@ -326,6 +326,12 @@ TEST_F(PopoverContentTest, SearchesInASheetThatKeepsWhatItFound)
     QTest::keyClick(&window, Qt::Key_F, Qt::ControlModifier);
     EXPECT_EQ(world.state().searchVM()->searchText(), u"rEv"_qs);
     EXPECT_EQ(world.state().searchVM()->results().size(), 1U);
+    // What is deleted goes from the results, though something else has been typed.
+    world.state().searchVM()->setSearchText(u"other"_qs);
+    world.backend->contents[u"work"_qs].erase(u"Review.ics"_qs);
+    world.tellOfChange();
+    QCoro::waitFor(world.state().refreshAll());
+    EXPECT_TRUE(QTest::qWaitFor([this] { return world.state().searchVM()->results().empty(); }));
     click(u"Done"_qs);
     EXPECT_FALSE(world.state().isShowingSearch());
 }

@@ -10,7 +10,7 @@ Item {
     AgendaListViewController {
         id: controller
         appState: root.appState
-        onDayShown: list.showBeginning()
+        onDayShown: list.showFrom(0)
     }
 
     EventList {

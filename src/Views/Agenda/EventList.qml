@@ -16,10 +16,24 @@ Item {
     /// What lies behind it, for the fade at its foot.
     property color ground: Theme.background
 
-    function showBeginning() {
-        list.positionViewAtBeginning();
-        list.currentIndex = 0;
+    /// Puts that row at the top, as far as the list reaches.
+    function showFrom(row: int) {
+        list.currentIndex = row;
         list.leaveHeading();
+        list.positionViewAtIndex(row, ListView.Beginning);
+    }
+
+    /// For a model that begins anew with much the same rows.
+    function keepPlace() {
+        list.keptRow = list.currentIndex;
+        list.keptOffset = list.contentY - list.originY;
+    }
+
+    function returnToPlace() {
+        list.currentIndex = Math.min(list.keptRow, list.count - 1);
+        list.leaveHeading();
+        list.forceLayout();
+        list.contentY = list.originY + Math.max(0, Math.min(list.keptOffset, list.contentHeight - list.height));
     }
 
     function takeFocus() {
@@ -28,6 +42,10 @@ Item {
 
     ListView {
         id: list
+
+        property int keptRow: 0
+        property real keptOffset: 0
+
         anchors.fill: parent
         clip: true
         boundsBehavior: Flickable.StopAtBounds

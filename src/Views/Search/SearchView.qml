@@ -22,7 +22,9 @@ FocusScope {
     SearchViewController {
         id: controller
         appState: root.appState
-        onModelReset: list.showBeginning()
+        onFound: list.showFrom(controller.nearestDay())
+        onModelAboutToBeReset: list.keepPlace()
+        onModelReset: list.returnToPlace()
     }
 
     SearchField {

@@ -9,7 +9,11 @@ void SearchViewController::setAppState(AppState *appState)
     m_dayFormat = DateFormatter::withTemplate(QStringLiteral("EEEEMMMd"), locale);
     m_dayOfOtherYearFormat = DateFormatter::withTemplate(QStringLiteral("yEEEEMMMd"), locale);
     const SearchViewModel *search = appState->searchVM();
-    connect(search, &SearchViewModel::resultsChanged, this, &SearchViewController::update);
+    connect(search, &SearchViewModel::resultsChanged, this, [this](bool isRepeated) {
+        update();
+        if (!isRepeated)
+            Q_EMIT found();
+    });
     connect(appState, &AppState::significantTimeChange, this, &SearchViewController::update);
     connect(search, &SearchViewModel::isSearchingChanged, this, &SearchViewController::stateChanged);
     connect(search, &SearchViewModel::searchTextChanged, this, &SearchViewController::stateChanged);
@@ -80,6 +84,19 @@ void SearchViewController::search()
 void SearchViewController::clear()
 {
     appState()->searchVM()->clear();
+}
+
+int SearchViewController::nearestDay() const
+{
+    const Date now = appState()->environment().now();
+    int heading = 0;
+    for (int row = 0; row < rowCount(); ++row) {
+        if (kindAt(row) == DaySection)
+            heading = row;
+        else if (result(m_entries[static_cast<std::size_t>(row)]).endDate > now)
+            break;
+    }
+    return heading;
 }
 
 int SearchViewController::rowCount(const QModelIndex &parent) const

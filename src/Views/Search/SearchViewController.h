@@ -24,11 +24,15 @@ public:
     /// Starts the search for what is typed.
     Q_INVOKABLE void search();
     Q_INVOKABLE void clear();
+    /// The heading over the first result that is not over, or where all are, over the last; 0 without results.
+    Q_INVOKABLE [[nodiscard]] int nearestDay() const;
 
     [[nodiscard]] int rowCount(const QModelIndex &parent = {}) const override;
 
 Q_SIGNALS:
     void stateChanged();
+    /// The rows are those of another search than before.
+    void found();
 
 protected:
     [[nodiscard]] Kind kindAt(int row) const override { return m_entries[static_cast<std::size_t>(row)].kind; }
