@@ -9,6 +9,7 @@
 #include "CommandLine/RestoreCommand.h"
 #include "CommandLine/SearchCommand.h"
 #include "CommandLine/StatusCommand.h"
+#include "CommandLine/ToggleCommand.h"
 #include "Platform/AppKit/DesktopWorkspace.h"
 
 #include <QCoroTask>
@@ -31,6 +32,7 @@ std::vector<std::unique_ptr<Command>> allCommands()
     commands.push_back(std::make_unique<ParseCommand>());
     commands.push_back(std::make_unique<RestoreCommand>());
     commands.push_back(std::make_unique<LinksCommand>());
+    commands.push_back(std::make_unique<ToggleCommand>());
     return commands;
 }
 
