@@ -9,6 +9,8 @@ namespace mintaro {
 namespace {
 
 constexpr std::size_t kMostMeetingsInMenu = 3;
+/// Nobody reads a message in less.
+constexpr qint64 kUnreadMs = 500;
 
 QByteArray userAgent()
 {
@@ -39,16 +41,10 @@ MintaroApp::MintaroApp(const ContextOptions &options)
         updateStatusItem();
         updateMenu();
     });
-    connect(&m_statusItem, &StatusItem::activated, this,
-        [this](std::optional<QPoint> where) { popover().toggleAt(where); });
+    connect(&m_statusItem, &StatusItem::activated, this, &MintaroApp::onItemClicked);
     connect(&m_appearance, &Appearance::changed, this, &MintaroApp::updateIconColor);
     connect(&m_statusItem, &StatusItem::hostChanged, this, &MintaroApp::onHostChanged);
-    // Later: an editor that is about to close would take the keyboard from the popover again.
-    connect(&m_appState, &AppState::errorMessageChanged, this, &MintaroApp::showError, Qt::QueuedConnection);
-    connect(&m_appState, &AppState::monthDateChanged, this, [this] {
-        if (m_popover && m_popover->isVisible())
-            m_appState.refreshAll();
-    });
+    connect(&m_appState, &AppState::errorMessageChanged, this, &MintaroApp::onErrorMessageChanged);
 }
 
 MintaroApp::~MintaroApp() = default;
@@ -65,7 +61,19 @@ void MintaroApp::start()
 
 void MintaroApp::showPopover()
 {
-    popover().showAt(chipCenter());
+    popover().showAt(anchor());
+}
+
+void MintaroApp::togglePopover()
+{
+    popover().toggleAt(anchor());
+}
+
+void MintaroApp::onItemClicked(std::optional<QPoint> where)
+{
+    if (where)
+        m_lastClick = where;
+    togglePopover();
 }
 
 void MintaroApp::openEventEditor(const std::optional<EKEvent> &existingEvent)
@@ -75,15 +83,26 @@ void MintaroApp::openEventEditor(const std::optional<EKEvent> &existingEvent)
     m_eventEditor->open(existingEvent);
 }
 
+void MintaroApp::onErrorMessageChanged()
+{
+    if (m_appState.errorMessage().isEmpty())
+        return;
+    m_sinceError.start();
+    // Later: an editor that is about to close would take the keyboard from the popover again.
+    QMetaObject::invokeMethod(this, &MintaroApp::showError, Qt::QueuedConnection);
+}
+
 void MintaroApp::showError()
 {
-    if (!m_appState.errorMessage().isEmpty() && !(m_popover && m_popover->isVisible()))
+    if (!m_appState.errorMessage().isEmpty() && !isPopoverOpen())
         showPopover();
 }
 
-std::optional<QPoint> MintaroApp::chipCenter() const
+std::optional<QPoint> MintaroApp::anchor() const
 {
-    return m_chip ? std::optional(m_chip->geometry().center()) : std::nullopt;
+    if (m_lastClick || !m_chip)
+        return m_lastClick;
+    return m_chip->geometry().center();
 }
 
 void MintaroApp::updateStatusItem()
@@ -120,6 +139,7 @@ void MintaroApp::updateMenu()
 
 void MintaroApp::onHostChanged(StatusHost host)
 {
+    m_lastClick.reset();
     if (host != StatusHost::None) {
         m_chip.reset();
         m_chipContent.reset();
@@ -129,11 +149,11 @@ void MintaroApp::onHostChanged(StatusHost host)
         return;
     m_chipContent = views().makeMenuBarLabel();
     m_chip = std::make_unique<PanelChip>();
-    connect(m_chip.get(), &PanelChip::clicked, this, [this] { popover().toggleAt(chipCenter()); });
+    connect(m_chip.get(), &PanelChip::clicked, this, &MintaroApp::togglePopover);
     m_chip->setContent(m_chipContent.get());
     m_chip->showChip();
     // Opened before it was clear that there is no panel, it stands where the chip is now.
-    if (m_popover && m_popover->isVisible())
+    if (isPopoverOpen())
         showPopover();
 }
 
@@ -160,13 +180,26 @@ PopoverWindow &MintaroApp::popover()
     m_popoverContent = views().makeMainPopoverView();
     m_popover = std::make_unique<PopoverWindow>();
     m_popover->setContent(m_popoverContent.get());
-    connect(m_popover.get(), &PopoverWindow::opened, this, [this] {
-        m_appState.setPopoverVisible(true);
-        m_appState.requestAccessAndLoad();
-        m_appState.watchStoreChanges();
-    });
-    connect(m_popover.get(), &PopoverWindow::closed, this, [this] { m_appState.setPopoverVisible(false); });
+    connect(m_popover.get(), &PopoverWindow::opened, this, &MintaroApp::onPopoverOpened);
+    connect(m_popover.get(), &PopoverWindow::closed, this, &MintaroApp::onPopoverClosed);
     return *m_popover;
+}
+
+void MintaroApp::onPopoverOpened()
+{
+    m_appState.setPopoverVisible(true);
+    m_appState.requestAccessAndLoad();
+    m_appState.watchStoreChanges();
+}
+
+void MintaroApp::onPopoverClosed()
+{
+    const bool isUnread = m_sinceError.isValid() && m_sinceError.elapsed() < kUnreadMs;
+    const QString unread = isUnread ? m_appState.errorMessage() : QString();
+    m_appState.setPopoverVisible(false);
+    // It comes back to be read, but only once, lest the popover fights for the keyboard.
+    m_appState.setErrorMessage(unread);
+    m_sinceError.invalidate();
 }
 
 } // namespace mintaro

@@ -18,6 +18,8 @@
 #include "Views/ViewEngine.h"
 #include "main/AppDelegate.h"
 
+#include <QElapsedTimer>
+
 namespace mintaro {
 
 /// The program: builds everything, wires it and owns it. There is no main window: the panel item with its popover is
@@ -32,18 +34,26 @@ public:
 
     /// Shows the item and begins to load.
     void start();
-    /// Below our own chip where there is one, else in the top right corner.
+    /// Both open it where the item was clicked last, else below our own chip, else in the top right corner.
     void showPopover();
+    void togglePopover();
+
+    [[nodiscard]] AppState &appState() { return m_appState; }
 
 private:
     void openEventEditor(const std::optional<EKEvent> &existingEvent) override;
+    void onItemClicked(std::optional<QPoint> where);
+    void onErrorMessageChanged();
     void showError();
+    void onPopoverOpened();
+    void onPopoverClosed();
     void updateStatusItem();
     void updateIconColor();
     void updateMenu();
     void onHostChanged(StatusHost host);
-    [[nodiscard]] std::optional<QPoint> chipCenter() const;
     [[nodiscard]] AppState::Dependencies dependencies();
+    [[nodiscard]] bool isPopoverOpen() const { return m_popover && m_popover->isVisible(); }
+    [[nodiscard]] std::optional<QPoint> anchor() const;
     [[nodiscard]] ViewEngine &views();
     [[nodiscard]] PopoverWindow &popover();
 
@@ -62,6 +72,10 @@ private:
     FaviconService m_favicons;
     HourlyChimeService m_hourlyChime;
     StatusItem m_statusItem;
+    /// Of the item, where its host has told it.
+    std::optional<QPoint> m_lastClick;
+    /// Runs from the moment at which an error came, until the popover goes.
+    QElapsedTimer m_sinceError;
     std::unique_ptr<ViewEngine> m_views;
     NotificationPanel m_notificationPanel;
     std::unique_ptr<EventEditorPanel> m_eventEditor;

@@ -1,3 +1,4 @@
+#include "Platform/AppKit/SingleInstance.h"
 #include "Platform/Foundation/Logger.h"
 #include "main/MintaroApp.h"
 
@@ -6,6 +7,34 @@
 #include <QQuickWindow>
 
 #include <cstdio>
+
+namespace {
+
+int run(const QCommandLineParser &arguments, bool shows)
+{
+    const auto options = mintaro::ContextOptions::from(arguments);
+    using mintaro::SingleInstance;
+    SingleInstance instance(QDBusConnection::sessionBus());
+    const auto request = shows ? SingleInstance::Request::Show : SingleInstance::Request::Toggle;
+    switch (instance.start(request)) {
+    case SingleInstance::Start::First:
+        break;
+    case SingleInstance::Start::Second:
+        return 0;
+    case SingleInstance::Start::Stuck:
+        std::fputs("mintaro: another one is running and does not answer\n", stderr);
+        return 1;
+    }
+    mintaro::MintaroApp app(options);
+    QObject::connect(&instance, &SingleInstance::showRequested, &app, &mintaro::MintaroApp::showPopover);
+    QObject::connect(&instance, &SingleInstance::toggleRequested, &app, &mintaro::MintaroApp::togglePopover);
+    app.start();
+    if (shows)
+        app.showPopover();
+    return QGuiApplication::exec();
+}
+
+} // namespace
 
 int main(int argc, char **argv)
 {
@@ -29,11 +58,7 @@ int main(int argc, char **argv)
     parser.process(application);
 
     try {
-        mintaro::MintaroApp app(mintaro::ContextOptions::from(parser));
-        app.start();
-        if (parser.isSet(show))
-            app.showPopover();
-        return QGuiApplication::exec();
+        return run(parser, parser.isSet(show));
     } catch (const std::exception &error) {
         std::fprintf(stderr, "mintaro: %s\n", error.what());
         return 2;

@@ -9,6 +9,9 @@
 #include <QMouseEvent>
 #include <QQuickItem>
 #include <QScreen>
+#include <QTimer>
+
+#include <chrono>
 
 namespace mintaro {
 
@@ -16,6 +19,8 @@ namespace {
 
 /// Longer than a panel needs to pass a click on, shorter than a user needs for the next.
 constexpr qint64 kSameClickMs = 200;
+/// How late Qt may tell that the keyboard went when the window was hidden, which it may be no more.
+constexpr qint64 kLateNewsMs = 500;
 
 } // namespace
 
@@ -24,11 +29,7 @@ PopoverWindow::PopoverWindow()
     : CardWindow(kCardSize, Qt::Tool)
 {
     connect(this, &QWindow::visibleChanged, this, &PopoverWindow::follow);
-    connect(this, &QWindow::activeChanged, this, [this] {
-        if (!isActive()) {
-            hideForOutsideClick();
-        }
-    });
+    connect(this, &QWindow::activeChanged, this, &PopoverWindow::followKeyboard);
 }
 
 PopoverWindow::~PopoverWindow()
@@ -42,6 +43,7 @@ void PopoverWindow::showAt(std::optional<QPoint> anchor)
     if (!isVisible()) {
         dressForDisplay();
         setUtilityState(*this);
+        m_sinceShown.start();
         show();
     }
     raise();
@@ -68,6 +70,20 @@ void PopoverWindow::hideForOutsideClick()
     if (isVisible()) {
         m_sinceOutsideClick.start();
         hide();
+    }
+}
+
+void PopoverWindow::followKeyboard()
+{
+    if (isActive() || !isVisible()) {
+        return;
+    }
+    const bool isCertain = QGuiApplication::focusWindow() != nullptr; // another one of ours
+    const qint64 untilCertain = isCertain ? 0 : kLateNewsMs - m_sinceShown.elapsed();
+    if (untilCertain > 0) {
+        QTimer::singleShot(std::chrono::milliseconds(untilCertain), this, &PopoverWindow::followKeyboard);
+    } else {
+        hideForOutsideClick();
     }
 }
 

@@ -44,10 +44,12 @@ private:
     [[nodiscard]] QRect cardGeometry() const;
     void place(std::optional<QPoint> anchor);
     void hideForOutsideClick();
+    void followKeyboard();
     void follow(bool isVisible);
 
     std::unique_ptr<OutsideClickMonitor> m_clicks;
     QElapsedTimer m_sinceOutsideClick;
+    QElapsedTimer m_sinceShown;
 };
 
 } // namespace mintaro

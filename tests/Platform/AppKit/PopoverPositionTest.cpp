@@ -33,6 +33,8 @@ TEST(PopoverPosition, Table)
         { "the same at the bottom", QPoint(600, 790), kScreen, kScreen, { 440, 294 } },
         { "a click in the middle keeps the card whole", QPoint(600, 390), kScreen, kScreen, { 440, 316 } },
         { "on the screen of the click", QPoint(1300, 10), kRightScreen, kRightScreen, { 1284, 26 } },
+        { "under an item whose screen is gone", QPoint(2000, 14), kScreen, kBelowTopPanel, { 956, 32 } },
+        { "the same where that screen was below", QPoint(600, 1590), kScreen, kScreen, { 440, 316 } },
         { "top left counts on a screen that is too small", QPoint(50, 90), { 0, 0, 200, 100 }, { 0, 0, 200, 100 },
             { 4, 4 } },
     };
