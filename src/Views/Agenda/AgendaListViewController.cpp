@@ -14,8 +14,7 @@ void AgendaListViewController::setAppState(AppState *appState)
     });
     connect(appState, &AppState::hasCalendarAccessChanged, this, &AgendaListViewController::update);
     connect(appState, &AppState::significantTimeChange, this, &AgendaListViewController::update);
-    // The label's tick: what has ended since the last one dims.
-    connect(appState, &AppState::nextEventChanged, this, &AgendaListViewController::update);
+    connect(appState, &AppState::nextEventChanged, this, &AgendaListViewController::dimPast);
     connect(&appState->eventsVM(), &EventsViewModel::dayEventsChanged, this, &AgendaListViewController::update);
     connect(&appState->remindersVM(), &RemindersViewModel::remindersChanged, this, &AgendaListViewController::update);
     update();
@@ -26,6 +25,19 @@ void AgendaListViewController::update()
     const auto days = appState()->agendaEvents();
     replaceRows(rows(days));
     setState(!appState()->hasCalendarAccess() ? NoAccess : days.empty() ? Empty : List);
+}
+
+void AgendaListViewController::dimPast()
+{
+    const Date now = appState()->environment().now();
+    for (std::size_t i = 0; i < m_rows.size(); ++i) {
+        Row &row = m_rows[i];
+        if (row.kind != Event || row.isPast || row.endDate >= now)
+            continue;
+        row.isPast = true;
+        const QModelIndex changed = index(static_cast<int>(i));
+        Q_EMIT dataChanged(changed, changed, { IsPastRole });
+    }
 }
 
 void AgendaListViewController::setState(State state)

@@ -37,6 +37,8 @@ protected:
 
 private:
     void update();
+    /// At the label's tick: what has ended since the last one.
+    void dimPast();
     void setState(State state);
     [[nodiscard]] std::vector<Row> rows(const std::vector<DayEvents> &days) const;
     [[nodiscard]] static QStringList keys(const std::vector<Row> &rows);

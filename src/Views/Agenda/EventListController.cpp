@@ -52,6 +52,7 @@ EventListController::Row EventListController::itemRow(
     row.timeRange = event.timeRange(environment.timeZone());
     row.location = event.location.value_or(QString());
     row.meetingInfo = event.meetingInfo;
+    row.endDate = event.endDate;
     row.isPast = event.endDate < environment.now();
     return row;
 }

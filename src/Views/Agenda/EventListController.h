@@ -71,6 +71,7 @@ protected:
         Color color;
         std::optional<MeetingInfo> meetingInfo;
         QString link;
+        Date endDate {};
         bool isPast = false;
         bool isCompleted = false;
         friend bool operator==(const Row &, const Row &) = default;
