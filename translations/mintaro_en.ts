@@ -341,7 +341,7 @@
     </message>
     <message id="remindersApp.missing">
         <source>remindersApp.missing</source>
-        <translation>This desktop has no program for tasks that could be opened.</translation>
+        <translation>This desktop has no to-do program.</translation>
     </message>
     <message id="notification.joinMeeting">
         <source>notification.joinMeeting</source>

@@ -333,7 +333,7 @@
     </message>
     <message id="calendarApp.missing">
         <source>calendarApp.missing</source>
-        <translation>Su questo desktop non c'è un programma di calendario che possa mostrare il giorno.</translation>
+        <translation>Su questo desktop non c’è un programma di calendario che possa mostrare il giorno.</translation>
     </message>
     <message id="calendarApp.failed %@">
         <source>calendarApp.failed %@</source>
@@ -341,7 +341,7 @@
     </message>
     <message id="remindersApp.missing">
         <source>remindersApp.missing</source>
-        <translation>Su questo desktop non c'è un programma per le attività da aprire.</translation>
+        <translation>Su questo desktop non c’è un programma per le attività.</translation>
     </message>
     <message id="notification.joinMeeting">
         <source>notification.joinMeeting</source>
@@ -353,7 +353,7 @@
     </message>
     <message id="notification.dismiss">
         <source>notification.dismiss</source>
-        <translation>Ignora</translation>
+        <translation>Chiudi</translation>
     </message>
     <message id="notification.meetingSoon %@ %@ %lld" numerus="yes">
         <source>notification.meetingSoon %@ %@ %lld</source>
@@ -371,7 +371,7 @@
     </message>
     <message id="notification.eventStartingSoon">
         <source>notification.eventStartingSoon</source>
-        <translation>Evento in arrivo</translation>
+        <translation>L’evento sta per iniziare</translation>
     </message>
 </context>
 </TS>

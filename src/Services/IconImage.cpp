@@ -53,9 +53,12 @@ std::optional<IcoEntry> icoEntry(const QByteArray &ico, int index)
     const qsizetype start = kHeader + index * kEntry;
     if (ico.size() < start + kEntry)
         return std::nullopt;
-    IcoEntry entry { index, {}, ico.mid(number(ico, start + 12), number(ico, start + 8)) };
-    if (entry.content.size() < kShortest)
+    const qint64 offset = number(ico, start + 12);
+    const qint64 length = std::min<qint64>(number(ico, start + 8), ico.size() - offset);
+    if (length < kShortest)
         return std::nullopt;
+    // Not copied: a folder may name the same megabyte thousands of times.
+    IcoEntry entry { index, {}, QByteArray::fromRawData(ico.constData() + offset, length) };
     // The folder in front has too few bits for the sizes, and need not be right.
     if (entry.isPng())
         entry.size = { qFromBigEndian<qint32>(entry.content.constData() + 16),

@@ -143,6 +143,7 @@ void MintaroApp::onHostChanged(StatusHost host)
     if (host != StatusHost::None) {
         m_chip.reset();
         m_chipContent.reset();
+        m_notificationPanel.setTop(0);
         return;
     }
     if (m_chip)
@@ -152,6 +153,7 @@ void MintaroApp::onHostChanged(StatusHost host)
     connect(m_chip.get(), &PanelChip::clicked, this, &MintaroApp::togglePopover);
     m_chip->setContent(m_chipContent.get());
     m_chip->showChip();
+    m_notificationPanel.setTop(m_chip->height() + PanelChip::kGap);
     // Opened before it was clear that there is no panel, it stands where the chip is now.
     if (isPopoverOpen())
         showPopover();

@@ -23,7 +23,7 @@
 namespace mintaro {
 
 /// The program: builds everything, wires it and owns it. There is no main window: the panel item with its popover is
-/// the application. The QML engine exists from the popover's first opening on.
+/// the application. The QML engine exists from the first window on.
 class MintaroApp : public QObject, private EventEditorOpener
 {
     Q_OBJECT

@@ -72,7 +72,7 @@ TEST_F(FaviconServiceTest, AsksOnceForAHostInWhateverCase)
 
 TEST_F(FaviconServiceTest, AsksAgainAfterAFailure)
 {
-    server.answer(u"/ip3/example.com.ico"_qs, "404 Not Found", {}, picture({ 16, 16 }, Qt::red));
+    server.answer(u"/ip3/example.com.ico"_qs, picture({ 16, 16 }, Qt::red), "404 Not Found");
     EXPECT_TRUE(icon("https://example.com").isNull());
     server.answer(u"/ip3/example.com.ico"_qs, "<html>no picture</html>");
     EXPECT_TRUE(icon("https://example.com").isNull());

@@ -54,11 +54,11 @@ TEST_P(HourlyChimeTest, RingsAtTheFullLocalHour)
 {
     const ChimeCase &row = GetParam();
     const Date moment = at(row.next);
-    SleepyClock clock(moment - 150ms);
-    Environment environment(clock, Locale(), zone(row.zoneName));
     const QTemporaryDir folder;
     UserDefaults defaults(folder.filePath(u"mintaro.conf"_qs));
     CountedSounds sounds;
+    SleepyClock clock(moment - 500ms);
+    Environment environment(clock, Locale(), zone(row.zoneName));
     const HourlyChimeService chime(defaults, environment, sounds);
     defaults.setBool(true, u"HourlyChimeEnabled"_qs); // while it runs
     if (!row.isEnabled)

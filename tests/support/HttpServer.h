@@ -20,12 +20,17 @@ public:
 
     [[nodiscard]] QString base() const { return QStringLiteral("http://127.0.0.1:%1").arg(m_server.serverPort()); }
 
-    /// `headers`: lines, each with its end.
+    /// `headers`: lines, each with its end. The connection ends with the answer.
     void answer(const QString &path, const QByteArray &status, const QByteArray &headers, const QByteArray &body)
     {
         m_answers.insert(path, "HTTP/1.1 " + status + "\r\nConnection: close\r\n" + headers + "\r\n" + body);
     }
-    void answer(const QString &path, const QByteArray &body) { answer(path, "200 OK", {}, body); }
+    /// The connection stays, so that nobody asks twice who asks while it ends.
+    void answer(const QString &path, const QByteArray &body, const QByteArray &status = "200 OK")
+    {
+        m_answers.insert(
+            path, "HTTP/1.1 " + status + "\r\nContent-Length: " + QByteArray::number(body.size()) + "\r\n\r\n" + body);
+    }
     /// Does not answer that path, unless by answerLate.
     void keepSilent(const QString &path) { m_answers.insert(path, {}); }
     /// Answers who waits for that path.
@@ -56,14 +61,15 @@ private:
 
     void send(QTcpSocket *socket, const QString &path)
     {
-        const QByteArray missing = "HTTP/1.1 404 Not Found\r\nConnection: close\r\nContent-Length: 4\r\n\r\nnone";
+        const QByteArray missing = "HTTP/1.1 404 Not Found\r\nContent-Length: 4\r\n\r\nnone";
         const QByteArray answer = m_answers.value(path, missing);
         if (answer.isEmpty()) {
             m_waiting.insert(path, socket);
             return;
         }
         socket->write(answer);
-        socket->disconnectFromHost();
+        if (answer.contains("Connection: close"))
+            socket->disconnectFromHost();
     }
 
     QHash<QString, QByteArray> m_answers;

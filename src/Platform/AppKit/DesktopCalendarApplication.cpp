@@ -98,8 +98,11 @@ public:
 private:
     std::optional<QString> start(const QStringList &arguments)
     {
-        if (!m_entry->start(arguments))
-            return failure();
+        if (!m_entry->start(arguments)) {
+            const QString reason = failure();
+            m_entry.reset(); // another may be installed by the next time
+            return reason;
+        }
         m_starting.setRemainingTime(kStartTime);
         return std::nullopt;
     }

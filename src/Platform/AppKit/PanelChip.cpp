@@ -13,13 +13,6 @@
 
 namespace mintaro {
 
-namespace {
-
-/// To the edges of the screen.
-constexpr int kGap = 4;
-
-} // namespace
-
 PanelChip::PanelChip()
 {
     QSurfaceFormat withAlpha = format();

@@ -12,6 +12,9 @@ class PanelChip : public QQuickWindow
     Q_OBJECT
 
 public:
+    /// To the edges of the screen, in points.
+    static constexpr int kGap = 4;
+
     PanelChip();
 
     /// Shows `item`, which stays the caller's and draws the chip's background too; the window follows its implicit

@@ -7,7 +7,6 @@
 #include <chrono>
 #include <future>
 #include <memory>
-#include <thread>
 
 namespace mintaro {
 
@@ -39,8 +38,11 @@ void playToEnd(const QByteArray &name)
 
 void SystemSound::play(const QString &name)
 {
+    // One is enough at a time.
+    if (m_sounding.valid() && m_sounding.wait_for(std::chrono::seconds::zero()) != std::future_status::ready)
+        return;
     // To connect to a sound server takes as long as that server likes.
-    std::thread(playToEnd, name.toUtf8()).detach();
+    m_sounding = std::async(std::launch::async, playToEnd, name.toUtf8());
 }
 
 } // namespace mintaro

@@ -18,7 +18,10 @@ QNetworkRequest request(const QUrl &url, const QByteArray &userAgent)
     request.setRawHeader("User-Agent", userAgent);
     // What comes packed could be far longer than what was counted.
     request.setRawHeader("Accept-Encoding", "identity");
-    request.setAttribute(QNetworkRequest::RedirectPolicyAttribute, QNetworkRequest::NoLessSafeRedirectPolicy);
+    // Qt would tell the user's.
+    request.setRawHeader("Accept-Language", "*");
+    // Nobody is asked but who was named.
+    request.setAttribute(QNetworkRequest::RedirectPolicyAttribute, QNetworkRequest::SameOriginRedirectPolicy);
     request.setMaximumRedirectsAllowed(kMostRedirects);
     for (const auto attribute : { QNetworkRequest::CookieLoadControlAttribute,
              QNetworkRequest::CookieSaveControlAttribute, QNetworkRequest::AuthenticationReuseAttribute })

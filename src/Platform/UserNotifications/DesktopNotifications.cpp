@@ -2,8 +2,10 @@
 
 #include <QCoreApplication>
 #include <QDBusPendingCallWatcher>
+#include <QTimer>
 
 #include <algorithm>
+#include <limits>
 #include <stdexcept>
 
 namespace mintaro {
@@ -15,6 +17,7 @@ constexpr QLatin1String kPath("/org/freedesktop/Notifications");
 constexpr QLatin1String kSound("message-new-instant");
 constexpr uchar kNormalUrgency = 1;
 constexpr int kDaemonsOwnTime = -1;
+constexpr int kForEver = std::numeric_limits<int>::max();
 
 } // namespace
 
@@ -75,7 +78,8 @@ void DesktopNotifications::withdraw(const QString &identifier)
 
 void DesktopNotifications::askForCapabilities()
 {
-    call("GetCapabilities", {}, [this](const QDBusMessage &reply) { onCapabilities(reply); });
+    call(
+        "GetCapabilities", {}, [this](const QDBusMessage &reply) { onCapabilities(reply); }, m_patience);
 }
 
 void DesktopNotifications::onCapabilities(const QDBusMessage &reply)
@@ -120,8 +124,20 @@ void DesktopNotifications::show(const Presentation &presentation)
         fallBack(presentation.notification);
         return;
     }
-    call("Notify", notifyArguments(presentation.notification),
-        [this, presentation](const QDBusMessage &reply) { onNotified(presentation, reply); });
+    // An answer that comes after the patience still tells the number, without which nobody could close it again.
+    QDBusPendingCallWatcher *const pending = call(
+        "Notify", notifyArguments(presentation.notification),
+        [this, presentation](const QDBusMessage &reply) { onNotified(presentation, reply); }, kForEver);
+    QTimer::singleShot(m_patience, pending, [this, presentation] { giveUp(presentation); });
+}
+
+void DesktopNotifications::giveUp(const Presentation &presentation)
+{
+    if (!isWanted(presentation))
+        return;
+    m_logger.error(QStringLiteral("The notification daemon does not answer"));
+    m_wanted.insert(presentation.notification.identifier, ++m_lastSerial); // of the daemon it is wanted no more
+    fallBack(presentation.notification);
 }
 
 void DesktopNotifications::onNotified(const Presentation &presentation, const QDBusMessage &reply)
@@ -136,7 +152,7 @@ void DesktopNotifications::onNotified(const Presentation &presentation, const QD
             fallBack(notification);
     } else if (!isWanted(presentation)) {
         if (!m_shown.contains(number))
-            call("CloseNotification", { number }, [](const QDBusMessage &) {});
+            close(number);
     } else {
         m_shown.insert(number, { notification.identifier, {} });
         if (m_fallback)
@@ -201,19 +217,26 @@ void DesktopNotifications::closeOnDaemon(const QString &identifier)
 {
     const quint32 number = numberOf(identifier);
     if (m_shown.remove(number))
-        call("CloseNotification", { number }, [](const QDBusMessage &) {});
+        close(number);
 }
 
-void DesktopNotifications::call(
-    const char *method, const QVariantList &arguments, std::function<void(const QDBusMessage &)> answer)
+void DesktopNotifications::close(quint32 number)
+{
+    call(
+        "CloseNotification", { number }, [](const QDBusMessage &) {}, m_patience);
+}
+
+QDBusPendingCallWatcher *DesktopNotifications::call(
+    const char *method, const QVariantList &arguments, std::function<void(const QDBusMessage &)> answer, int patience)
 {
     QDBusMessage message = QDBusMessage::createMethodCall(kService, kPath, kService, QLatin1String(method));
     message.setArguments(arguments);
-    auto *pending = new QDBusPendingCallWatcher(m_bus.asyncCall(message, m_patience), this);
+    auto *pending = new QDBusPendingCallWatcher(m_bus.asyncCall(message, patience), this);
     connect(pending, &QDBusPendingCallWatcher::finished, this, [pending, answer = std::move(answer)] {
         pending->deleteLater();
         answer(pending->reply());
     });
+    return pending;
 }
 
 void DesktopNotifications::actionInvoked(const QDBusMessage &signal)

@@ -15,6 +15,8 @@
 #include <functional>
 #include <optional>
 
+class QDBusPendingCallWatcher;
+
 namespace mintaro {
 
 /// Shows notifications by the desktop's daemon (Desktop Notifications Specification). Where there is none, where it
@@ -65,6 +67,7 @@ private:
     void onCapabilities(const QDBusMessage &reply);
     void onOwnerChanged(const QString &owner);
     void show(const Presentation &presentation);
+    void giveUp(const Presentation &presentation);
     void onNotified(const Presentation &presentation, const QDBusMessage &reply);
     void fallBack(const PresentedNotification &notification);
     [[nodiscard]] bool isWanted(const Presentation &presentation) const;
@@ -73,8 +76,11 @@ private:
     [[nodiscard]] quint32 numberOf(const QString &identifier) const;
     [[nodiscard]] QVariantList notifyArguments(const PresentedNotification &notification) const;
     void playSound(const PresentedNotification &notification);
+    void close(quint32 number);
     void closeOnDaemon(const QString &identifier);
-    void call(const char *method, const QVariantList &arguments, std::function<void(const QDBusMessage &)> answer);
+    /// The answer comes within the patience, in milliseconds, or is an error.
+    QDBusPendingCallWatcher *call(const char *method, const QVariantList &arguments,
+        std::function<void(const QDBusMessage &)> answer, int patience);
 
     QDBusConnection m_bus;
     SoundPlayer &m_sounds;

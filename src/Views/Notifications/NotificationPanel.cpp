@@ -20,6 +20,12 @@ NotificationPanel::NotificationPanel(std::function<ViewEngine &()> views)
 
 NotificationPanel::~NotificationPanel() = default;
 
+void NotificationPanel::setTop(int distance)
+{
+    m_top = distance;
+    stack();
+}
+
 void NotificationPanel::present(const PresentedNotification &notification)
 {
     remove(notification.identifier);
@@ -63,7 +69,7 @@ void NotificationPanel::remove(const QString &identifier)
 
 void NotificationPanel::stack()
 {
-    int distance = 0;
+    int distance = m_top;
     for (const auto &card : m_cards) {
         card->window.showBelow(distance);
         distance += card->window.stackingHeight();

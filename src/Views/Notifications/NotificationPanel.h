@@ -19,6 +19,9 @@ public:
     explicit NotificationPanel(std::function<ViewEngine &()> views);
     ~NotificationPanel() override;
 
+    /// What is taken of the screen's upper right corner, in points from its upper edge.
+    void setTop(int distance);
+
     void requestAuthorization() override { }
     void present(const PresentedNotification &notification) override;
     void withdraw(const QString &identifier) override;
@@ -36,6 +39,7 @@ private:
     void stack();
 
     std::function<ViewEngine &()> m_views;
+    int m_top = 0;
     std::vector<std::unique_ptr<Card>> m_cards;
     std::vector<std::unique_ptr<Card>> m_removed;
 };
