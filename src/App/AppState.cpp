@@ -149,7 +149,7 @@ QCoro::Task<> AppState::refreshAll()
     co_await fetchUpcoming(start, end);
     if (!self)
         co_return;
-    if (m_isShowingSearch)
+    if (m_isShowingSearch && m_isPopoverVisible)
         m_searchVM.searchAgain();
     --m_refreshes;
     updateNextEvent();

@@ -326,6 +326,7 @@ TEST_F(PopoverContentTest, SearchesInASheetThatKeepsWhatItFound)
     QTest::keyClick(&window, Qt::Key_F, Qt::ControlModifier);
     EXPECT_EQ(world.state().searchVM()->searchText(), u"rEv"_qs);
     EXPECT_EQ(world.state().searchVM()->results().size(), 1U);
+    world.state().setPopoverVisible(true);
     // What is deleted goes from the results, though something else has been typed.
     world.state().searchVM()->setSearchText(u"other"_qs);
     world.backend->contents[u"work"_qs].erase(u"Review.ics"_qs);
@@ -359,6 +360,50 @@ TEST_F(PopoverContentTest, AsksBeforeItDeletes)
     EXPECT_EQ(focused(), u"Delete"_qs);
     QTest::keyClick(&window, Qt::Key_Return);
     EXPECT_TRUE(QTest::qWaitFor([this] { return named(u"Join Zoom"_qs) == nullptr; }));
+}
+
+TEST_F(PopoverContentTest, TheKeyboardStaysInTheListWhenItsRowGoesUnderAnAlertOrAMenu)
+{
+    for (const auto key : { Qt::Key_Delete, Qt::Key_Menu }) {
+        world.addEvent(
+            "work", "Review", during("20260307T130000Z", "20260307T140000Z") + "\nLOCATION:https://zoom.us/j/1");
+        if (content) {
+            world.tellOfChange();
+            QCoro::waitFor(world.state().refreshAll());
+            EXPECT_TRUE(QTest::qWaitFor([this] { return named(u"Join Zoom"_qs) != nullptr; }));
+            QTest::keyClick(&window, Qt::Key_Up);
+        } else {
+            open();
+            focusReview();
+        }
+        EXPECT_EQ(focused(), kReview);
+        if (key == Qt::Key_Menu)
+            QTest::keyClick(&window, key);
+        else
+            world.state().requestDeleteEvent(world.state().agendaEvents().front().events.front());
+        world.backend->contents[u"work"_qs].erase(u"Review.ics"_qs);
+        world.tellOfChange();
+        QCoro::waitFor(world.state().refreshAll());
+        EXPECT_TRUE(QTest::qWaitFor([this] {
+            return std::ranges::none_of(buttons(), [](QQuickItem *button) {
+                return accessibleName(button) == u"Join Zoom"_qs && !button->inherits("QQuickMenuItem");
+            });
+        }));
+        QTest::keyClick(&window, Qt::Key_Escape);
+        EXPECT_TRUE(focused().startsWith(u"Milk"_qs)) << focused().toStdString();
+    }
+}
+
+TEST_F(PopoverContentTest, AClosedPopoverOpensWithoutItsMenu)
+{
+    open();
+    focusReview();
+    QTest::keyClick(&window, Qt::Key_Menu);
+    window.hidePopover();
+    window.showAt(QPoint(300, 10));
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    QTest::keyClick(&window, Qt::Key_T);
+    EXPECT_EQ(focused(), kReview);
 }
 
 TEST_F(PopoverContentTest, AsksHowManyOfASeriesToDelete)

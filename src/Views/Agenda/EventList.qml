@@ -43,6 +43,7 @@ Item {
     ListView {
         id: list
 
+        property bool wasAtBeginning: true
         property int keptRow: 0
         property real keptOffset: 0
 
@@ -57,11 +58,20 @@ Item {
         Keys.onDownPressed: list.step(1)
         Keys.onMenuPressed: list.openMenuOfCurrent()
         Keys.onPressed: event => {
-            event.accepted = event.key === Qt.Key_F10 && event.modifiers === Qt.ShiftModifier;
-            if (event.accepted)
+            const by = event.modifiers === Qt.NoModifier ? list.rowsToGo(event.key) : 0;
+            const opensMenu = event.key === Qt.Key_F10 && event.modifiers === Qt.ShiftModifier;
+            if (by !== 0)
+                list.goTo(list.currentIndex + by);
+            else if (opensMenu)
                 list.openMenuOfCurrent();
+            event.accepted = by !== 0 || opensMenu;
         }
-        onCountChanged: list.leaveHeading()
+        onCountChanged: {
+            list.leaveHeading();
+            // By itself it keeps what it showed in its place, and what is new above would be out of sight.
+            if (list.wasAtBeginning)
+                list.positionViewAtBeginning();
+        }
         model: root.controller
         delegate: DelegateChooser {
             role: "kind"
@@ -110,15 +120,41 @@ Item {
                 list.currentIndex = row;
         }
 
+        /// What the keys for the ends and for pages go, headings counted.
+        function rowsToGo(key: int): int {
+            const page = 5;
+            switch (key) {
+            case Qt.Key_Home:
+                return -list.count;
+            case Qt.Key_End:
+                return list.count;
+            case Qt.Key_PageUp:
+                return -page;
+            case Qt.Key_PageDown:
+                return page;
+            }
+            return 0;
+        }
+
         /// To the next row in that direction.
         function step(by: int) {
             const row = root.controller.nextItem(list.currentIndex, by);
-            if (row < 0) {
-                // The first row's heading is not walked to, but seen.
-                if (by < 0)
-                    list.positionViewAtBeginning();
-                return;
-            }
+            if (row >= 0)
+                list.moveTo(row);
+            else if (by < 0)
+                list.positionViewAtBeginning(); // the first row's heading is not walked to, but seen
+        }
+
+        /// To the row there, as far as there is one.
+        function goTo(row: int) {
+            const within = Math.max(0, Math.min(row, list.count - 1));
+            const item = root.controller.nextItem(within, 0);
+            list.moveTo(item >= 0 ? item : root.controller.nextItem(within, -1));
+            if (within === 0)
+                list.positionViewAtBeginning();
+        }
+
+        function moveTo(row: int) {
             list.currentIndex = row;
             // Not below what fades out.
             const hidden = list.currentItem.y + list.currentItem.height + Theme.fadeHeight - list.contentY - list.height;
@@ -130,8 +166,10 @@ Item {
         function openMenu(row: int, item: Item, where: point) {
             list.currentIndex = row;
             menu.title = item.Accessible.name;
+            // Not the row's: it may go while the menu is open.
+            const place = item.mapToItem(root, where.x, where.y);
             if (root.controller.prepareMenu(row))
-                menu.popup(item, where.x, where.y);
+                menu.popup(root, place.x, place.y);
         }
 
         function openMenuOfCurrent() {
@@ -139,6 +177,17 @@ Item {
                 return;
             list.openMenu(list.currentIndex, list.currentItem, Qt.point(Theme.margin, list.currentItem.height));
             menu.currentIndex = 0;
+        }
+    }
+    Connections {
+        target: root.controller
+
+        function onRowsAboutToBeInserted() {
+            list.wasAtBeginning = list.atYBeginning;
+        }
+
+        function onRowsAboutToBeRemoved() {
+            list.wasAtBeginning = list.atYBeginning;
         }
     }
     ContextMenu {

@@ -1,6 +1,7 @@
 pragma ComponentBehavior: Bound
 
 import QtQuick
+import QtQuick.Templates as T
 
 import Mintaro
 
@@ -22,7 +23,7 @@ FocusScope {
         id: controller
         appState: root.appState
         onMonthShown: direction => slide.play(direction)
-        onCursorIndexChanged: cells.focusCursor()
+        onCursorIndexChanged: cells.focusCursor((cells.Window.activeFocusItem as T.Control)?.visualFocus ? Qt.TabFocusReason : Qt.OtherFocusReason)
     }
 
     DragHandler {
@@ -98,25 +99,26 @@ FocusScope {
         }
         FocusScope {
             id: cells
-            // Where the keyboard stands is shown once somebody uses it.
-            property int focusReason: Qt.OtherFocusReason
             x: root.weekNumberWidth
             width: 7 * root.columnWidth
             height: grid.height
             focus: true
 
             function moveCursor(by: int) {
-                cells.focusReason = Qt.TabFocusReason;
                 controller.moveCursor(by);
-                cells.focusCursor();
+                cells.focusCursor(Qt.TabFocusReason);
             }
 
-            function focusCursor() {
+            /// Where the keyboard stands is shown once somebody uses it.
+            function focusCursor(reason: int) {
                 const day = days.itemAt(controller.cursorIndex);
+                if (!day)
+                    return;
                 if (cells.activeFocus)
-                    day?.forceActiveFocus(cells.focusReason);
-                else if (day)
+                    day.forceActiveFocus(reason);
+                else
                     day.focus = true;
+                day.focusReason = reason;
             }
 
             Grid {
@@ -128,7 +130,7 @@ FocusScope {
                     model: root.appState.calendarVM
                     onItemAdded: index => {
                         if (index === controller.cursorIndex)
-                            cells.focusCursor();
+                            cells.focusCursor(Qt.OtherFocusReason);
                     }
 
                     CalendarDayCell {

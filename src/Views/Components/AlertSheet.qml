@@ -17,7 +17,7 @@ Sheet {
     signal confirmed
 
     closePolicy: T.Popup.CloseOnEscape
-    onOpened: (root.cancelText === "" ? confirm : cancel).forceActiveFocus(Qt.TabFocusReason)
+    onOpened: (root.cancelText === "" ? confirm : cancel).takeFocus()
 
     contentWidth: 268
     contentHeight: column.implicitHeight + 2 * Theme.sheetPadding

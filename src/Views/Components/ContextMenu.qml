@@ -10,8 +10,9 @@ T.Menu {
     id: root
 
     required property ContextMenuModel entries
-    /// What had the keyboard before.
-    property Item opener: null
+    readonly property FocusKeeper keyboard: FocusKeeper {
+    }
+    readonly property bool isWindowShown: root.parent ? root.parent.Window.visibility !== Window.Hidden : false
 
     implicitWidth: Math.max(120, root.widestEntry()) + root.leftPadding + root.rightPadding
     implicitHeight: root.contentHeight + root.topPadding + root.bottomPadding
@@ -21,10 +22,11 @@ T.Menu {
     dim: false
     closePolicy: T.Popup.CloseOnEscape | T.Popup.CloseOnPressOutside
     onAboutToShow: {
-        root.opener = root.parent.Window.activeFocusItem;
+        root.keyboard.remember(root.parent.Window.activeFocusItem);
         root.contentItem.parent.Accessible.ignored = true;
     }
-    onClosed: root.opener?.forceActiveFocus(Qt.PopupFocusReason)
+    onClosed: root.keyboard.giveBack(Qt.PopupFocusReason)
+    onIsWindowShownChanged: if (!root.isWindowShown) root.close()
 
     background: FloatingGround {
     }

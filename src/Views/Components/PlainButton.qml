@@ -10,6 +10,12 @@ T.AbstractButton {
     required property string accessibleName
     property real groundRadius: Theme.controlRadius
 
+    /// Return is to press what has the ring.
+    function takeFocus() {
+        root.forceActiveFocus(Qt.TabFocusReason);
+        root.focusReason = Qt.TabFocusReason; // also where it had the keyboard before
+    }
+
     implicitWidth: implicitContentWidth + leftPadding + rightPadding
     implicitHeight: implicitContentHeight + topPadding + bottomPadding
     hoverEnabled: true

@@ -10,8 +10,8 @@ T.Popup {
 
     /// Hangs from the card's upper edge, as wide as the card.
     property bool hangs: false
-    /// What had the keyboard before.
-    property Item opener: null
+    readonly property FocusKeeper keyboard: FocusKeeper {
+    }
     readonly property Rectangle veil: Rectangle {
         parent: root.parent
         anchors.fill: parent
@@ -30,11 +30,11 @@ T.Popup {
     dim: false
     closePolicy: T.Popup.CloseOnEscape | T.Popup.CloseOnPressOutside
     onAboutToShow: {
-        root.opener = root.parent.Window.activeFocusItem;
+        root.keyboard.remember(root.parent.Window.activeFocusItem);
         // The toolkit's own frame has no name; the content says what it is.
         root.contentItem.parent.Accessible.ignored = true;
     }
-    onClosed: root.opener?.forceActiveFocus(Qt.PopupFocusReason)
+    onClosed: root.keyboard.giveBack(Qt.PopupFocusReason)
 
     background: FloatingGround {
         radius: root.hangs ? Theme.cornerRadius : Theme.groupRadius

@@ -15,9 +15,8 @@ FocusScope {
     Accessible.role: Accessible.Dialog
     Accessible.name: heading.text
 
-    /// Return is to press what has the ring.
     function takeFocus() {
-        onlyThis.forceActiveFocus(Qt.TabFocusReason);
+        onlyThis.takeFocus();
     }
 
     Column {

@@ -23,10 +23,16 @@ FocusScope {
         id: controller
         appState: root.appState
         onFound: list.showFrom(controller.nearestDay())
-        onModelAboutToBeReset: list.keepPlace()
-        onModelReset: list.returnToPlace()
+        onAboutToRepeat: list.keepPlace()
+        onRepeated: list.returnToPlace()
     }
 
+    Shortcut {
+        sequence: "Ctrl+F"
+        // The toolbar's waits while the sheet is up.
+        enabled: root.appState.isShowingSearch
+        onActivated: root.dismissed()
+    }
     SearchField {
         id: field
         anchors { left: parent.left; right: done.left; top: parent.top; leftMargin: 8; rightMargin: 4; topMargin: 8 }

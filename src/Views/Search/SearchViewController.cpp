@@ -10,8 +10,12 @@ void SearchViewController::setAppState(AppState *appState)
     m_dayOfOtherYearFormat = DateFormatter::withTemplate(QStringLiteral("yEEEEMMMd"), locale);
     const SearchViewModel *search = appState->searchVM();
     connect(search, &SearchViewModel::resultsChanged, this, [this](bool isRepeated) {
+        if (isRepeated)
+            Q_EMIT aboutToRepeat();
         update();
-        if (!isRepeated)
+        if (isRepeated)
+            Q_EMIT repeated();
+        else
             Q_EMIT found();
     });
     connect(appState, &AppState::significantTimeChange, this, &SearchViewController::update);

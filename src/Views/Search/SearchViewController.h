@@ -31,6 +31,9 @@ public:
 
 Q_SIGNALS:
     void stateChanged();
+    /// The search is repeated: the rows are to be much the same.
+    void aboutToRepeat();
+    void repeated();
     /// The rows are those of another search than before.
     void found();
 
