@@ -2,8 +2,6 @@
 
 #include "Extensions/Countdown.h"
 
-#include <set>
-
 namespace mintaro {
 
 namespace {
@@ -14,18 +12,33 @@ constexpr std::chrono::hours kSchedulingInterval { 1 };
 
 std::vector<CalendarEvent> AppState::upcomingEvents() const
 {
+    std::vector<CalendarEvent> events;
+    for (const CalendarEvent *event : upcoming())
+        events.push_back(*event);
+    return events;
+}
+
+std::vector<const CalendarEvent *> AppState::upcoming() const
+{
     const Date now = m_environment.now();
-    std::vector<CalendarEvent> upcoming;
-    // Where the month and the coming week overlap, both hold the same occurrence.
-    std::set<std::pair<QString, Date>> seen;
+    std::vector<const CalendarEvent *> all;
     for (const EventsViewModel *events : { &m_eventsVM, &m_upcomingVM }) {
         for (const DayEvents &day : events->dayEvents()) {
-            std::ranges::copy_if(day.events, std::back_inserter(upcoming), [&](const CalendarEvent &event) {
-                return !event.isAllDay && event.endDate > now && seen.emplace(event.id, event.startDate).second;
-            });
+            for (const CalendarEvent &event : day.events) {
+                if (!event.isAllDay && event.endDate > now)
+                    all.push_back(&event);
+            }
         }
     }
-    std::ranges::stable_sort(upcoming, {}, &CalendarEvent::startDate);
+    std::ranges::stable_sort(all, {}, &CalendarEvent::startDate);
+    // Where the month and the coming week overlap, both hold the same occurrence; few begin at the same moment.
+    std::vector<const CalendarEvent *> upcoming;
+    for (const CalendarEvent *event : all) {
+        const auto others = std::find_if(upcoming.rbegin(), upcoming.rend(),
+            [event](const CalendarEvent *other) { return other->startDate != event->startDate; });
+        if (std::none_of(upcoming.rbegin(), others, [event](const auto *other) { return other->id == event->id; }))
+            upcoming.push_back(event);
+    }
     return upcoming;
 }
 
@@ -61,8 +74,8 @@ QString AppState::countdown(const CalendarEvent &event) const
 
 void AppState::updateCountdown()
 {
-    const auto upcoming = upcomingEvents();
-    m_nextEvent = upcoming.empty() ? std::nullopt : std::optional(upcoming.front());
+    const auto upcoming = this->upcoming();
+    m_nextEvent = upcoming.empty() ? std::nullopt : std::optional(*upcoming.front());
     const QString text = m_nextEvent ? countdown(*m_nextEvent) : QString();
     const bool isNewText = std::exchange(m_countdownText, text) != text;
     // Both hold before anybody is told, or the label would show the new event with the old countdown.

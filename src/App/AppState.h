@@ -221,6 +221,8 @@ private:
     [[nodiscard]] QSet<QString> selection(const QString &key) const;
     QCoro::Task<> loadEventsOnceGranted();
     QCoro::Task<> askForReminders();
+    /// What upcomingEvents gives; it stands until the next fetch.
+    [[nodiscard]] std::vector<const CalendarEvent *> upcoming() const;
     QCoro::Task<> fetchUpcoming(Date fetchedFrom, Date fetchedTo);
     void generateMonth();
     QCoro::Task<> fetchReminders();

@@ -18,4 +18,8 @@ struct DayEvents
     [[nodiscard]] QString id(const Calendar &calendar) const { return dateKey(date, calendar); }
 };
 
+/// Ascending, each day with at least one event, each event under the day it starts on and under no other; a day's
+/// events in ascending order of their starts.
+[[nodiscard]] std::vector<DayEvents> groupedByDay(std::vector<CalendarEvent> events, const Calendar &calendar);
+
 } // namespace mintaro

@@ -9,6 +9,13 @@ QString logTitle(const EKEvent &event)
     return event.title().value_or(QStringLiteral("untitled"));
 }
 
+bool isWanted(const CalendarEvent &event, const EventFilter &filter)
+{
+    if (filter.endsFrom && event.endDate < *filter.endsFrom)
+        return false;
+    return filter.calendarIDs.isEmpty() || filter.calendarIDs.contains(event.ekEvent.calendar()->calendarIdentifier);
+}
+
 } // namespace
 
 bool isDeclinedByCurrentUser(const EKEvent &event)
@@ -39,11 +46,15 @@ QCoro::Task<bool> EventStoreService::requestAccess()
     return m_actor.perform([this] { return m_store.requestFullAccessToEvents(); });
 }
 
-QCoro::Task<std::vector<CalendarEvent>> EventStoreService::fetchEvents(
-    Date from, Date to, std::optional<std::vector<EKCalendarRef>> calendars)
+QCoro::Task<std::vector<DayEvents>> EventStoreService::fetchEvents(
+    Date from, Date to, EventFilter filter, Calendar calendar)
 {
     return m_actor.perform(
-        [this, predicate = EKEventStore::predicateForEvents(from, to, calendars)] { return fetch(predicate); });
+        [this, predicate = EKEventStore::predicateForEvents(from, to, std::nullopt), filter, calendar] {
+            auto events = fetch(predicate);
+            std::erase_if(events, [&filter](const CalendarEvent &event) { return !isWanted(event, filter); });
+            return groupedByDay(std::move(events), calendar);
+        });
 }
 
 QCoro::Task<std::vector<CalendarEvent>> EventStoreService::searchEvents(QString text, Date from, Date to)

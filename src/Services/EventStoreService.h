@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Models/CalendarEvent.h"
+#include "Models/DayEvents.h"
 #include "Platform/EventKit/EKEventStore.h"
 #include "Platform/Foundation/Actor.h"
 #include "Platform/Foundation/AsyncStream.h"
@@ -10,10 +10,20 @@
 #include "Services/RevisionCache.h"
 
 #include <QCoroTask>
+#include <QSet>
 
 #include <variant>
 
 namespace mintaro {
+
+/// Which events are wanted.
+struct EventFilter
+{
+    /// Empty for every one.
+    QSet<QString> calendarIDs {};
+    /// What ended before is left out.
+    std::optional<Date> endsFrom {};
+};
 
 /// The first attendee that is the current user decides.
 [[nodiscard]] bool isDeclinedByCurrentUser(const EKEvent &event);
@@ -30,12 +40,12 @@ public:
 
     /// True when granted; throws EKError as the store reports it.
     [[nodiscard]] QCoro::Task<bool> requestAccess();
-    /// Every occurrence that overlaps the range, except those that the current user declined, in the store's order and
-    /// with the meeting link that was found in its texts. `calendars`: absent for every one.
-    [[nodiscard]] QCoro::Task<std::vector<CalendarEvent>> fetchEvents(
-        Date from, Date to, std::optional<std::vector<EKCalendarRef>> calendars);
-    /// What fetchEvents gives for every calendar, as far as title, location or notes contain `text`, whatever the case
-    /// by the rules of the user's language.
+    /// Every occurrence that overlaps the range, except those that the current user declined, each with the meeting
+    /// link that was found in its texts, by the days of `calendar`.
+    [[nodiscard]] QCoro::Task<std::vector<DayEvents>> fetchEvents(
+        Date from, Date to, EventFilter filter, Calendar calendar);
+    /// The same, from every calendar and in the store's order, as far as title, location or notes contain `text`,
+    /// whatever the case by the rules of the user's language.
     [[nodiscard]] QCoro::Task<std::vector<CalendarEvent>> searchEvents(QString text, Date from, Date to);
     /// The occurrence that begins at `start`, as EKEventStore finds it; empty where there is none by now.
     [[nodiscard]] QCoro::Task<std::optional<EKEvent>> eventWithIdentifier(QString identifier, Date start);

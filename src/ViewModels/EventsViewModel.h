@@ -23,8 +23,7 @@ public:
     /// Both must outlive the object.
     EventsViewModel(EventStoreService &eventStore, const Environment &environment);
 
-    /// Ascending, each with at least one event, each event under the day it starts on and under no other; a day's
-    /// events in ascending order of their starts.
+    /// As groupedByDay gives them.
     [[nodiscard]] const std::vector<DayEvents> &dayEvents() const { return m_dayEvents; }
     [[nodiscard]] bool isLoading() const { return m_isLoading; }
 
@@ -41,8 +40,6 @@ Q_SIGNALS:
     void isLoadingChanged();
 
 private:
-    [[nodiscard]] std::vector<DayEvents> grouped(
-        std::vector<CalendarEvent> fetched, const QSet<QString> &selection, HidePastEvents hidePastEvents) const;
     void setLoading(bool isLoading);
 
     EventStoreService &m_eventStore;

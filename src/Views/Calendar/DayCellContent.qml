@@ -40,16 +40,17 @@ Item {
                 spacing: root.isSelected ? 1 : 2
 
                 Repeater {
-                    model: root.eventColors.slice(0, 3)
+                    // A number, so that dots are made anew only where there come to be more.
+                    model: Math.min(3, root.eventColors.length)
 
                     Rectangle {
                         id: dot
-                        required property color modelData
+                        required property int index
                         // The thin light rim keeps a dot apart from the accent behind it.
                         width: root.isSelected ? 6 : 4
                         height: dot.width
                         radius: dot.width / 2
-                        color: dot.modelData
+                        color: root.eventColors[dot.index] ?? "transparent"
                         border.width: root.isSelected ? 1 : 0
                         border.color: Theme.onAccent
                     }
