@@ -55,6 +55,17 @@ public:
         return text + "END:VEVENT\r\nEND:VCALENDAR\r\n";
     }
 
+    /// One a day.
+    static QByteArray reminder(int number)
+    {
+        const local_days day = local_days { 2024y / January / 1 } + days { number };
+        return "BEGIN:VCALENDAR\r\nVERSION:2.0\r\nPRODID:-//Velmora//Mintaro benchmarks//EN\r\nBEGIN:VTODO\r\n"
+               "UID:reminder-"
+            + QByteArray::number(number) + "\r\nDTSTAMP:20240101T000000Z\r\nDUE;VALUE=DATE:" + digits(day)
+            + "\r\nSUMMARY:Reminder " + QByteArray::number(number)
+            + "\r\nDESCRIPTION:See https://example.com/list\r\nEND:VTODO\r\nEND:VCALENDAR\r\n";
+    }
+
 private:
     int pick(int count) { return static_cast<int>(m_engine() % static_cast<unsigned>(count)); }
 
@@ -78,7 +89,7 @@ void writeFile(const QString &path, const QByteArray &text)
 
 } // namespace
 
-GeneratedStore::GeneratedStore(int items, int past)
+GeneratedStore::GeneratedStore(int items, int past, int reminders)
     : m_items(items + past)
 {
     constexpr int kCollections = 20;
@@ -95,6 +106,8 @@ GeneratedStore::GeneratedStore(int items, int past)
         writeFile(QStringLiteral("%1/%2.ics").arg(folder).arg(number), text);
         m_bytes += text.size();
     }
+    for (int number = 0; number < reminders; ++number)
+        writeFile(root() + QStringLiteral("/calendar-0/reminder-%1.ics").arg(number), ItemWriter::reminder(number));
 }
 
 QString GeneratedStore::newCache()

@@ -10,9 +10,9 @@ namespace mintaro::bench {
 class GeneratedStore
 {
 public:
-    /// `past`: so many items besides, which happen once and ended years before the others begin. Throws
-    /// std::runtime_error where the temporary folder cannot be written.
-    explicit GeneratedStore(int items, int past = 0);
+    /// `past`: so many items besides, which happen once and ended years before the others begin. `reminders`: so many
+    /// of these, one a day. Throws std::runtime_error where the temporary folder cannot be written.
+    explicit GeneratedStore(int items, int past = 0, int reminders = 0);
 
     [[nodiscard]] int items() const { return m_items; }
     /// Of all files together.

@@ -4,16 +4,18 @@
 #include "Views/Main/MenuBarLabel.h"
 #include "bench/GeneratedStore.h"
 #include "bench/LibicalBaseline.h"
+#include "bench/PopoverBenchmarks.h"
 #include "bench/Process.h"
 #include "bench/RatioReporter.h"
+#include "bench/RunningProgram.h"
 #include "bench/SentenceBenchmarks.h"
 #include "bench/Window.h"
 
 #include <benchmark/benchmark.h>
 
-#include <QCoreApplication>
 #include <QCoroTask>
 #include <QEventLoop>
+#include <QGuiApplication>
 
 #include <cstdio>
 #include <functional>
@@ -22,10 +24,6 @@
 namespace mintaro::bench {
 
 namespace {
-
-using namespace std::chrono;
-
-constexpr sys_seconds kNow = sys_days { 2026y / March / 10 } + 9h;
 
 class NoWorkspace final : public Workspace
 {
@@ -39,11 +37,7 @@ class Program
 {
 public:
     explicit Program(const GeneratedStore &store)
-        : m_context({ .store = store.root(),
-            .now = kNow,
-            .timeZone = TimeZone::named(QStringLiteral("Europe/Rome")),
-            .locale = Locale::fromIdentifier(QStringLiteral("en_US")),
-            .preferences = store.preferences() })
+        : m_context(programOptions(store.root(), store.preferences()))
         , m_state(m_context.dependencies(m_workspace))
         , m_label(m_state)
     {
@@ -284,20 +278,28 @@ Ratios addProcesses(GeneratedStore &store, const std::string &size, int iteratio
 
 int run(int argc, char **argv)
 {
-    QCoreApplication application(argc, argv);
+    // No display, no graphics driver, and the event dispatcher that tells of its rounds.
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    qputenv("QT_QUICK_BACKEND", "software");
+    qputenv("QT_NO_GLIB", "1");
+    QGuiApplication application(argc, argv);
+    QGuiApplication::setQuitOnLastWindowClosed(false);
     benchmark::Initialize(&argc, argv);
     if (benchmark::ReportUnrecognizedArguments(argc, argv))
         return 2;
+    constexpr int kReminders = 2'000;
+    GeneratedStore tiny(20);
+    GeneratedStore shown(10'000, 0, kReminders);
     GeneratedStore small(1'000);
     GeneratedStore store(10'000);
     GeneratedStore withPast(10'000, 90'000);
     GeneratedStore large(100'000);
     // What is called warm finds the index that a run before left.
-    for (const GeneratedStore *each : { &small, &store, &withPast, &large })
+    for (const GeneratedStore *each : { &tiny, &shown, &small, &store, &withPast, &large })
         (void)timeOfCommand(*each, each->cache());
     Ratios ratios;
     for (const Ratios &part : { addProcesses(small, "1k", 8), addProcesses(store, "10k", 4),
-             addProcesses(large, "100k", 1), addInProcess(store, withPast), addSentences() })
+             addProcesses(large, "100k", 1), addInProcess(store, withPast), addPopover(shown, tiny), addSentences() })
         ratios.insert(ratios.end(), part.begin(), part.end());
     RatioReporter reporter(std::move(ratios));
     benchmark::RunSpecifiedBenchmarks(&reporter);
