@@ -72,8 +72,8 @@ void DesktopNotifications::withdraw(const QString &identifier)
 {
     m_wanted.remove(identifier);
     closeOnDaemon(identifier);
-    if (m_fallback)
-        m_fallback->withdraw(identifier);
+    if (NotificationPresenter *const fallback = m_fallback)
+        fallback->withdraw(identifier);
 }
 
 void DesktopNotifications::askForCapabilities()
@@ -155,8 +155,8 @@ void DesktopNotifications::onNotified(const Presentation &presentation, const QD
             close(number);
     } else {
         m_shown.insert(number, { notification.identifier, {} });
-        if (m_fallback)
-            m_fallback->withdraw(notification.identifier);
+        if (NotificationPresenter *const fallback = m_fallback)
+            fallback->withdraw(notification.identifier);
         if (!can("sound"))
             playSound(notification);
     }
@@ -165,9 +165,10 @@ void DesktopNotifications::onNotified(const Presentation &presentation, const QD
 void DesktopNotifications::fallBack(const PresentedNotification &notification)
 {
     closeOnDaemon(notification.identifier);
-    if (!m_fallback)
+    NotificationPresenter *const fallback = m_fallback;
+    if (!fallback)
         return;
-    m_fallback->present(notification);
+    fallback->present(notification);
     playSound(notification);
 }
 

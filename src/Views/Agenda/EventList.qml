@@ -50,7 +50,9 @@ Item {
         anchors.fill: parent
         clip: true
         boundsBehavior: Flickable.StopAtBounds
-        highlightMoveDuration: 0
+        // It would follow the current row also where only a refresh moved it.
+        highlightFollowsCurrentItem: false
+        onActiveFocusChanged: if (list.activeFocus) list.positionViewAtIndex(list.currentIndex, ListView.Contain)
         keyNavigationEnabled: false
         Accessible.role: Accessible.List
         Accessible.name: root.accessibleName
@@ -156,6 +158,7 @@ Item {
 
         function moveTo(row: int) {
             list.currentIndex = row;
+            list.positionViewAtIndex(row, ListView.Contain);
             // Not below what fades out.
             const hidden = list.currentItem.y + list.currentItem.height + Theme.fadeHeight - list.contentY - list.height;
             if (hidden > 0)

@@ -38,6 +38,7 @@ void SearchViewController::update()
 {
     beginResetModel();
     m_entries.clear();
+    m_entries.reserve(appState()->searchVM()->results().size());
     const Calendar calendar = appState()->environment().calendar();
     DateInterval day {};
     const auto &results = appState()->searchVM()->results();
