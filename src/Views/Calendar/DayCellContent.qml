@@ -17,6 +17,13 @@ Item {
 
     implicitHeight: column.implicitHeight
 
+    /// A dot that goes is asked once more after its colour went.
+    function dotColor(index: int): string {
+        if (index < root.eventColors.length)
+            return root.eventColors[index];
+        return "transparent";
+    }
+
     Column {
         id: column
         anchors.centerIn: parent
@@ -50,7 +57,7 @@ Item {
                         width: root.isSelected ? 6 : 4
                         height: dot.width
                         radius: dot.width / 2
-                        color: root.eventColors[dot.index] ?? "transparent"
+                        color: root.dotColor(dot.index)
                         border.width: root.isSelected ? 1 : 0
                         border.color: Theme.onAccent
                     }
