@@ -8,7 +8,6 @@ T.AbstractButton {
     id: root
 
     required property string accessibleName
-    property real groundRadius: Theme.controlRadius
 
     /// Return is to press what has the ring.
     function takeFocus() {
@@ -28,6 +27,5 @@ T.AbstractButton {
 
     background: ControlGround {
         control: root
-        radius: root.groundRadius
     }
 }

@@ -37,6 +37,7 @@ SearchViewController::State SearchViewController::state() const
 void SearchViewController::update()
 {
     beginResetModel();
+    m_lastRow.reset();
     m_entries.clear();
     m_entries.reserve(appState()->searchVM()->results().size());
     const Calendar calendar = appState()->environment().calendar();
@@ -62,7 +63,13 @@ const CalendarEvent &SearchViewController::result(const Entry &entry) const
 
 EventListController::Row SearchViewController::rowAt(int row) const
 {
-    const Entry &entry = m_entries[static_cast<std::size_t>(row)];
+    if (!m_lastRow || m_lastRow->first != row)
+        m_lastRow.emplace(row, makeRow(m_entries[static_cast<std::size_t>(row)]));
+    return m_lastRow->second;
+}
+
+EventListController::Row SearchViewController::makeRow(const Entry &entry) const
+{
     const CalendarEvent &event = result(entry);
     const Calendar calendar = appState()->environment().calendar();
     if (entry.kind != DaySection) {

@@ -52,11 +52,14 @@ private:
     };
 
     void update();
+    [[nodiscard]] Row makeRow(const Entry &entry) const;
     [[nodiscard]] const CalendarEvent &result(const Entry &entry) const;
 
     std::optional<DateFormatter> m_dayFormat;
     std::optional<DateFormatter> m_dayOfOtherYearFormat;
     std::vector<Entry> m_entries;
+    /// The row that was made last: a view asks for its roles one after the other.
+    mutable std::optional<std::pair<int, Row>> m_lastRow;
 };
 
 } // namespace mintaro
