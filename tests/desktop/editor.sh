@@ -4,7 +4,6 @@ set -euo pipefail
 panel=none
 . "$(dirname "$0")/scenario.sh"
 
-chip() { xdotool search --onlyvisible --pid $mintaro; }
 editor() { xdotool search --onlyvisible --name '^New Event$'; }
 editor_is_gone() { ! editor; }
 # Of the same height as the popover, which shows no title.

@@ -10,12 +10,7 @@ await 10 "the item appears" item_service
 await 5 "the label shows the next event" label_shows "Design review"
 picture item
 
-# The tray is left of the clock at the panel's right end; a click on the item is what tells where it is.
-for x in $(seq 1150 6 1240); do
-    xdotool mousemove "$x" 14 click 1
-    sleep 0.15
-    ! popover >/dev/null || break
-done
+click_item
 await 3 "a click opens the popover" popover
 sleep 0.6
 picture popover

@@ -4,14 +4,11 @@ set -euo pipefail
 panel=none
 . "$(dirname "$0")/scenario.sh"
 
-chip() { xdotool search --onlyvisible --pid $mintaro; }
-
 start_mintaro
 await 12 "the chip appears" chip
 sleep 0.5
 picture chip
-eval "$(xdotool getwindowgeometry --shell "$(chip | head -n 1)")"
-xdotool mousemove $((X + WIDTH / 2)) $((Y + HEIGHT / 2)) click 1
+click_chip
 await 3 "a click on the chip opens the popover" popover
 sleep 0.6
 picture chip-popover

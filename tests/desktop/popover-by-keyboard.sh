@@ -20,13 +20,10 @@ go_to() {
 count() { grep -rhE "^$1" "$HOME/store" --include=*.ics | tr , '\n' | wc -l; }
 is() { [ "$(count "$1")" = "$2" ]; }
 
-chip() { xdotool search --onlyvisible --pid $mintaro; }
-
 export QT_LINUX_ACCESSIBILITY_ALWAYS_ON=1
 start_mintaro --now "$sample_moment"
 await 12 "the chip appears" chip
-eval "$(xdotool getwindowgeometry --shell "$(chip | head -n 1)")"
-xdotool mousemove $((X + WIDTH / 2)) $((Y + HEIGHT / 2)) click 1
+click_chip
 await 3 "a click opens the popover" popover
 await 10 "a screen reader sees it" at sees "March 2026"
 at check >"$HOME/faults" || fail "every control can be used by a screen reader: $(cat "$HOME/faults")"

@@ -56,6 +56,24 @@ popover() {
     done
     return 1
 }
+# The chip's window, which comes first; the others of the program come after it.
+chip() { xdotool search --onlyvisible --pid $mintaro; }
+
+click_chip() {
+    eval "$(xdotool getwindowgeometry --shell "$(chip | head -n 1)")"
+    xdotool mousemove $((X + WIDTH / 2)) $((Y + HEIGHT / 2)) click 1
+}
+
+# The tray is left of the clock at the panel's right end; a click on the item is what tells where it is.
+click_item() {
+    local x
+    for x in $(seq 1150 6 1240); do
+        xdotool mousemove "$x" 14 click 1
+        sleep 0.15
+        ! popover >/dev/null || break
+    done
+}
+
 popover_is_gone() { ! popover; }
 
 picture() { import -window root "$pictures/$1.png"; }

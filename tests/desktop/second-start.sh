@@ -51,11 +51,7 @@ popover >/dev/null || fail "it stays open after quick toggling"
 close_popover
 
 # From the click on the item on, it opens under the item, whoever asks.
-for x in $(seq 1150 6 1240); do
-    xdotool mousemove "$x" 14 click 1
-    sleep 0.15
-    ! popover >/dev/null || break
-done
+click_item
 await 3 "a click opens the popover" popover
 clicked=$(place)
 [ "${clicked% *}" -gt 700 ] || fail "it opens on the screen of the click: $clicked"
