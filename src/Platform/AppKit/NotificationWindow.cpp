@@ -24,17 +24,17 @@ int NotificationWindow::stackingHeight() const
     return card().height() + kGap;
 }
 
-bool NotificationWindow::showBelow(int distance)
+void NotificationWindow::showBelow(int distance)
 {
     const QScreen *primary = QGuiApplication::primaryScreen();
     if (!primary)
-        return false;
+        return;
     const QRect available = primary->availableGeometry();
     QRect place(QPoint(), card().size());
     place.moveTopRight(available.topRight() + QPoint(-kGap, kGap + distance));
     if (distance > 0 && place.bottom() > available.bottom()) {
         hide();
-        return false;
+        return;
     }
     setCardPosition(place.topLeft());
     if (!isVisible()) {
@@ -42,7 +42,6 @@ bool NotificationWindow::showBelow(int distance)
         setUtilityState(*this);
         show();
     }
-    return true;
 }
 
 void NotificationWindow::closeEvent(QCloseEvent *event)

@@ -15,9 +15,9 @@ public:
 
     /// How much of the screen's height it takes, with the gap to the next one.
     [[nodiscard]] int stackingHeight() const;
-    /// Shows it in the top right corner of the primary screen, so far below the edge, or moves it there. False, and
-    /// hidden, where there is no room for it.
-    bool showBelow(int distance);
+    /// Shows it in the top right corner of the primary screen, so far below the edge, or moves it there. Hides it
+    /// where there is no room for it.
+    void showBelow(int distance);
 
 Q_SIGNALS:
     /// The user closed it by means of the desktop's.
