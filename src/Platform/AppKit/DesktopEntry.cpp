@@ -3,7 +3,6 @@
 #include "Platform/Foundation/Logger.h"
 
 #include <QFile>
-#include <QHash>
 #include <QProcess>
 #include <QStandardPaths>
 
@@ -25,8 +24,9 @@ QString unescaped(const QString &value)
     return text;
 }
 
-/// The keys of the group [Desktop Entry], without translations.
-QHash<QString, QString> entryValues(const QString &path)
+} // namespace
+
+QHash<QString, QString> desktopEntryValues(const QString &path)
 {
     QFile file(path);
     QHash<QString, QString> values;
@@ -41,8 +41,6 @@ QHash<QString, QString> entryValues(const QString &path)
     }
     return values;
 }
-
-} // namespace
 
 QStringList execArguments(const QString &exec, const QString &name)
 {
@@ -79,7 +77,7 @@ std::optional<DesktopEntry> DesktopEntry::find(const QString &identifier)
 {
     if (identifier.isEmpty() || identifier.contains(u'/'))
         return std::nullopt;
-    const auto values = entryValues(QStandardPaths::locate(QStandardPaths::ApplicationsLocation, identifier));
+    const auto values = desktopEntryValues(QStandardPaths::locate(QStandardPaths::ApplicationsLocation, identifier));
     const QString name = values.value(QStringLiteral("Name"), identifier);
     const QStringList command = execArguments(values.value(QStringLiteral("Exec")), name);
     if (command.isEmpty() || values.value(QStringLiteral("Terminal")) == QLatin1String("true")

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QHash>
 #include <QString>
 #include <QStringList>
 
@@ -21,6 +22,10 @@ struct DesktopEntry
     /// Starts the program, which then lives by itself, with further arguments. False where that fails, which is logged.
     bool start(const QStringList &arguments = {}) const;
 };
+
+/// The keys of the group [Desktop Entry] of a file, without translations; escapes are resolved. None where it cannot be
+/// read.
+[[nodiscard]] QHash<QString, QString> desktopEntryValues(const QString &path);
 
 /// The arguments of an Exec line (Desktop Entry Specification, "The Exec key"), its field codes for files left out and
 /// "%c" filled with `name`. Empty where a quote is not closed.
