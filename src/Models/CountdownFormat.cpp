@@ -1,5 +1,7 @@
 #include "Models/CountdownFormat.h"
 
+#include <QCoreApplication>
+
 namespace mintaro {
 
 QString rawValue(CountdownFormat format)
@@ -11,6 +13,19 @@ QString rawValue(CountdownFormat format)
         return QStringLiteral("compact");
     case CountdownFormat::Absolute:
         return QStringLiteral("absolute");
+    }
+    return {};
+}
+
+QString displayName(CountdownFormat format)
+{
+    switch (format) {
+    case CountdownFormat::Relative:
+        return qtTrId("countdown.format.relative");
+    case CountdownFormat::Compact:
+        return qtTrId("countdown.format.compact");
+    case CountdownFormat::Absolute:
+        return qtTrId("countdown.format.absolute");
     }
     return {};
 }

@@ -15,6 +15,8 @@ inline constexpr std::array kAllCountdownFormats { CountdownFormat::Relative, Co
 
 /// As stored in the preferences.
 [[nodiscard]] QString rawValue(CountdownFormat format);
+/// In the user's language.
+[[nodiscard]] QString displayName(CountdownFormat format);
 /// Empty for a text that is no raw value.
 [[nodiscard]] std::optional<CountdownFormat> countdownFormatFromRawValue(const QString &text);
 

@@ -101,6 +101,11 @@ QCoro::Task<EKCalendarRef> EventStoreService::defaultCalendarForNewEvents()
     return m_actor.perform([this] { return m_store.defaultCalendarForNewEvents(); });
 }
 
+QCoro::Task<std::vector<EKCalendarRef>> EventStoreService::calendars()
+{
+    return m_actor.perform([this] { return m_store.calendarsForEntityType(EKEntityType::Event); });
+}
+
 QCoro::Task<std::vector<EKCalendarRef>> EventStoreService::writableCalendars()
 {
     return m_actor.perform([this] {

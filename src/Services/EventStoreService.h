@@ -54,6 +54,8 @@ public:
     [[nodiscard]] QCoro::Task<EKEvent> setCalendar(EKEvent event, std::optional<QString> calendarID);
     /// Null where none can be changed.
     [[nodiscard]] QCoro::Task<EKCalendarRef> defaultCalendarForNewEvents();
+    /// All calendars of events, in the store's order.
+    [[nodiscard]] QCoro::Task<std::vector<EKCalendarRef>> calendars();
     /// The calendars whose events can be changed, in the store's order.
     [[nodiscard]] QCoro::Task<std::vector<EKCalendarRef>> writableCalendars();
     /// Both throw EKError as the store reports it, and leave it to the caller to tell of it.

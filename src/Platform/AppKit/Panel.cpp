@@ -1,6 +1,7 @@
 #include "Platform/AppKit/Panel.h"
 
-#include <QCursor>
+#include "Platform/AppKit/PointerScreen.h"
+
 #include <QGuiApplication>
 #include <QMouseEvent>
 #include <QScreen>
@@ -16,13 +17,25 @@ Panel::Panel(const QSize &contentSize)
 
 void Panel::showCentered()
 {
-    QScreen *onScreen = QGuiApplication::screenAt(QCursor::pos());
-    if (!onScreen) {
-        onScreen = QGuiApplication::primaryScreen();
-    }
+    QScreen *const onScreen = screenWithPointer();
     setScreen(onScreen);
+    showAround(onScreen->availableGeometry().center());
+}
+
+void Panel::showOver(QWindow &owner)
+{
+    // It belongs to its owner, and stays above nothing else.
+    setFlag(Qt::WindowStaysOnTopHint, false);
+    setModality(Qt::WindowModal);
+    setTransientParent(&owner);
+    setScreen(owner.screen());
+    showAround(owner.geometry().center());
+}
+
+void Panel::showAround(QPoint center)
+{
     QRect geometry(QPoint(), card().size());
-    geometry.moveCenter(onScreen->availableGeometry().center());
+    geometry.moveCenter(center);
     setCardPosition(geometry.topLeft());
     dressForDisplay();
     show();

@@ -19,6 +19,8 @@ public:
 
     /// Opens in the middle of the screen with the pointer, and takes the keyboard.
     void showCentered();
+    /// Opens in the middle of `owner`, which waits until it is closed, and takes the keyboard.
+    void showOver(QWindow &owner);
 
 Q_SIGNALS:
     /// The user closed it by means of the desktop's.
@@ -30,6 +32,8 @@ protected:
     void mouseMoveEvent(QMouseEvent *event) override;
 
 private:
+    void showAround(QPoint center);
+
     /// Where the background was pressed, in the window's coordinates, until the window moves.
     std::optional<QPoint> m_pressed;
 };

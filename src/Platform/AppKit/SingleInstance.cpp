@@ -14,6 +14,7 @@ constexpr QLatin1String kName(kSubsystem);
 constexpr QLatin1String kPath("/dev/velmora/mintaro");
 constexpr QLatin1String kInterface("org.freedesktop.Application");
 constexpr QLatin1String kToggle("toggle");
+constexpr QLatin1String kSettings("settings");
 /// The bus's answer to a call that is not to start anything.
 constexpr QLatin1String kNoOwner("org.freedesktop.DBus.Error.NameHasNoOwner");
 
@@ -62,11 +63,11 @@ bool SingleInstance::takeName()
 SingleInstance::Answer SingleInstance::ask(
     Request request, const QDBusConnection &bus, std::chrono::milliseconds patience)
 {
-    const bool isToggle = request == Request::Toggle;
+    const bool isAction = request != Request::Show;
     QDBusMessage call = QDBusMessage::createMethodCall(
-        kName, kPath, kInterface, isToggle ? QStringLiteral("ActivateAction") : QStringLiteral("Activate"));
-    if (isToggle) {
-        call << QString(kToggle) << QVariantList();
+        kName, kPath, kInterface, isAction ? QStringLiteral("ActivateAction") : QStringLiteral("Activate"));
+    if (isAction) {
+        call << QString(request == Request::Toggle ? kToggle : kSettings) << QVariantList();
     }
     call << QVariantMap();
     call.setAutoStartService(false);
@@ -93,6 +94,8 @@ void SingleInstance::ActivateAction(
 {
     if (action == kToggle) {
         QMetaObject::invokeMethod(this, &SingleInstance::toggleRequested, Qt::QueuedConnection);
+    } else if (action == kSettings) {
+        QMetaObject::invokeMethod(this, &SingleInstance::settingsRequested, Qt::QueuedConnection);
     } else {
         sendErrorReply(QDBusError::InvalidArgs, QStringLiteral("There is no action \"%1\"").arg(action));
     }

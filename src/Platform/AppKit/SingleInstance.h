@@ -20,7 +20,7 @@ class SingleInstance : public QObject, protected QDBusContext
 
 public:
     /// What an instance that runs can be asked for.
-    enum class Request { Show, Toggle };
+    enum class Request { Show, Toggle, Settings };
     enum class Answer { Done, NotRunning, None };
     enum class Start {
         First, ///< nobody else runs, or there is no session bus to find out
@@ -46,14 +46,15 @@ public Q_SLOTS:
     Q_SCRIPTABLE void Activate(const QVariantMap &platformData);
     /// There is nothing of the user's that could be opened: the same as Activate.
     Q_SCRIPTABLE void Open(const QStringList &uris, const QVariantMap &platformData);
-    /// "toggle"; any other is answered by an error.
+    /// "toggle" or "settings"; any other is answered by an error.
     Q_SCRIPTABLE void ActivateAction(
         const QString &action, const QVariantList &parameter, const QVariantMap &platformData);
 
 Q_SIGNALS:
-    /// Both come after the caller has had its answer.
+    /// All come after the caller has had its answer.
     void showRequested();
     void toggleRequested();
+    void settingsRequested();
 
 private:
     [[nodiscard]] bool takeName();

@@ -152,6 +152,18 @@ TimeZone TimeZone::custom(const QString &identifier, seconds initialOffset, std:
     return TimeZone(rules);
 }
 
+QStringList TimeZone::knownTimeZoneIdentifiers()
+{
+    QStringList identifiers { QStringLiteral("UTC") };
+    const auto ids = QTimeZone::availableTimeZoneIds();
+    for (const QByteArray &id : ids) {
+        if (id.contains('/')) // Qt lists mere offsets too
+            identifiers.append(QString::fromLatin1(id));
+    }
+    identifiers.sort();
+    return identifiers;
+}
+
 TimeZone TimeZone::system()
 {
     QString name = qEnvironmentVariable("TZ");
@@ -212,6 +224,13 @@ std::vector<TimeZone::Observance> TimeZone::observances(sys_seconds begin, sys_s
 seconds TimeZone::secondsFromGMT(sys_seconds at) const
 {
     return m_rules->offset(at);
+}
+
+QString TimeZone::abbreviation(sys_seconds at) const
+{
+    if (*this == TimeZone())
+        return identifier();
+    return m_rules->source ? m_rules->source->abbreviation(toQDateTime(at)) : QString();
 }
 
 LocalTime TimeZone::toLocal(sys_seconds at) const

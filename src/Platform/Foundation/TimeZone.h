@@ -3,6 +3,7 @@
 #include "Platform/Foundation/Date.h"
 
 #include <QString>
+#include <QStringList>
 
 #include <memory>
 #include <optional>
@@ -44,6 +45,8 @@ public:
     /// A zone with rules of its own: `initialOffset` up to the first of the ascending `transitions`.
     [[nodiscard]] static TimeZone custom(
         const QString &identifier, std::chrono::seconds initialOffset, std::vector<Transition> transitions);
+    /// The places of the system's database, and UTC, in alphabetical order; other names for a place are not among them.
+    [[nodiscard]] static QStringList knownTimeZoneIdentifiers();
     /// The zone that the system is set to now: the TZ variable, else the link /etc/localtime, else UTC. Reads the file
     /// system.
     [[nodiscard]] static TimeZone system();
@@ -60,6 +63,9 @@ public:
         std::chrono::sys_seconds begin, std::chrono::sys_seconds end) const;
     /// How far the zone is ahead of UTC at that moment.
     [[nodiscard]] std::chrono::seconds secondsFromGMT(std::chrono::sys_seconds at) const;
+    /// "CET" or "CEST", or "+03" where the time has no name; the database's, in no one's language. Empty for a zone
+    /// that is not named.
+    [[nodiscard]] QString abbreviation(std::chrono::sys_seconds at) const;
     [[nodiscard]] LocalTime toLocal(std::chrono::sys_seconds at) const;
     /// RFC 5545 3.3.5: of two moments with this reading the earlier one; a reading inside a gap is taken with the
     /// offset before the gap.
