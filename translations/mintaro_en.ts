@@ -373,5 +373,293 @@
         <source>notification.eventStartingSoon</source>
         <translation>Event starting soon</translation>
     </message>
+    <message id="Settings">
+        <source>Settings</source>
+        <translation>Settings</translation>
+    </message>
+    <message id="settings.title">
+        <source>settings.title</source>
+        <translation>Mintaro Settings</translation>
+    </message>
+    <message id="General">
+        <source>General</source>
+        <translation>General</translation>
+    </message>
+    <message id="Appearance">
+        <source>Appearance</source>
+        <translation>Appearance</translation>
+    </message>
+    <message id="Calendars">
+        <source>Calendars</source>
+        <translation>Calendars</translation>
+    </message>
+    <message id="Shortcuts">
+        <source>Shortcuts</source>
+        <translation>Shortcuts</translation>
+    </message>
+    <message id="World Clock">
+        <source>World Clock</source>
+        <translation>World Clock</translation>
+    </message>
+    <message id="About">
+        <source>About</source>
+        <translation>About</translation>
+    </message>
+    <message id="Menu Bar">
+        <source>Menu Bar</source>
+        <translation>Panel</translation>
+    </message>
+    <message id="Launch at login">
+        <source>Launch at login</source>
+        <translation>Launch at login</translation>
+    </message>
+    <message id="Show date in menu bar">
+        <source>Show date in menu bar</source>
+        <translation>Show date in panel</translation>
+    </message>
+    <message id="Show next event in menu bar">
+        <source>Show next event in menu bar</source>
+        <translation>Show next event in panel</translation>
+    </message>
+    <message id="Show meeting icon">
+        <source>Show meeting icon</source>
+        <translation>Show meeting icon</translation>
+    </message>
+    <message id="Countdown format">
+        <source>Countdown format</source>
+        <translation>Countdown format</translation>
+    </message>
+    <message id="countdown.format.relative">
+        <source>countdown.format.relative</source>
+        <translation>Relative (in 5 min)</translation>
+    </message>
+    <message id="countdown.format.compact">
+        <source>countdown.format.compact</source>
+        <translation>Compact (5m)</translation>
+    </message>
+    <message id="countdown.format.absolute">
+        <source>countdown.format.absolute</source>
+        <translation>Absolute (14:30)</translation>
+    </message>
+    <message id="Max title length: %lld">
+        <source>Max title length: %lld</source>
+        <translation>Max title length: %1</translation>
+    </message>
+    <message id="Date format">
+        <source>Date format</source>
+        <translation>Date format</translation>
+    </message>
+    <message id="Uses DateFormatter patterns: d MMM, EEE d, etc.">
+        <source>Uses DateFormatter patterns: d MMM, EEE d, etc.</source>
+        <translation>Uses Unicode date patterns: d MMM, EEE d, etc.</translation>
+    </message>
+    <message id="Notifications">
+        <source>Notifications</source>
+        <translation>Notifications</translation>
+    </message>
+    <message id="Meeting reminders">
+        <source>Meeting reminders</source>
+        <translation>Meeting reminders</translation>
+    </message>
+    <message id="Show a notification before meetings with video links">
+        <source>Show a notification before meetings with video links</source>
+        <translation>Show a notification before meetings with video links</translation>
+    </message>
+    <message id="%lld min before">
+        <source>%lld min before</source>
+        <translation>%1 min before</translation>
+    </message>
+    <message id="Hourly chime">
+        <source>Hourly chime</source>
+        <translation>Hourly chime</translation>
+    </message>
+    <message id="Language">
+        <source>Language</source>
+        <translation>Language</translation>
+    </message>
+    <message id="language.system">
+        <source>language.system</source>
+        <translation>Same as the desktop</translation>
+    </message>
+    <message id="English">
+        <source>English</source>
+        <translation>English</translation>
+    </message>
+    <message id="Italiano">
+        <source>Italiano</source>
+        <translation>Italiano</translation>
+    </message>
+    <message id="Restart required to change language">
+        <source>Restart required to change language</source>
+        <translation>Restart required to change language</translation>
+    </message>
+    <message id="Updates">
+        <source>Updates</source>
+        <translation>Updates</translation>
+    </message>
+    <message id="Check for Updates...">
+        <source>Check for Updates...</source>
+        <translation>Check for Updates…</translation>
+    </message>
+    <message id="updates.checking">
+        <source>updates.checking</source>
+        <translation>Checking…</translation>
+    </message>
+    <message id="updates.none">
+        <source>updates.none</source>
+        <translation>Updates come from where Mintaro was installed.</translation>
+    </message>
+    <message id="updates.upToDate">
+        <source>updates.upToDate</source>
+        <translation>Mintaro is up to date.</translation>
+    </message>
+    <message id="updates.available %@">
+        <source>updates.available %@</source>
+        <translation>Mintaro %1 is available.</translation>
+    </message>
+    <message id="updates.unreachable">
+        <source>updates.unreachable</source>
+        <translation>The update server cannot be reached.</translation>
+    </message>
+    <message id="updates.malformed">
+        <source>updates.malformed</source>
+        <translation>The update server gave an answer that makes no sense.</translation>
+    </message>
+    <message id="updates.open">
+        <source>updates.open</source>
+        <translation>Show…</translation>
+    </message>
+    <message id="Colors">
+        <source>Colors</source>
+        <translation>Colors</translation>
+    </message>
+    <message id="Use system accent color">
+        <source>Use system accent color</source>
+        <translation>Use system accent color</translation>
+    </message>
+    <message id="Accent color (hex)">
+        <source>Accent color (hex)</source>
+        <translation>Accent color (hex)</translation>
+    </message>
+    <message id="Font">
+        <source>Font</source>
+        <translation>Font</translation>
+    </message>
+    <message id="Event font size: %lldpt">
+        <source>Event font size: %lldpt</source>
+        <translation>Event font size: %1pt</translation>
+    </message>
+    <message id="Calendar Access Required">
+        <source>Calendar Access Required</source>
+        <translation>Calendar Access Required</translation>
+    </message>
+    <message id="Mintaro needs permission to read your calendars. Grant access in System Settings.">
+        <source>Mintaro needs permission to read your calendars. Grant access in System Settings.</source>
+        <translation>Mintaro cannot read your calendars. See to it that the folders in its configuration can be read.</translation>
+    </message>
+    <message id="Reminder Lists">
+        <source>Reminder Lists</source>
+        <translation>Reminder Lists</translation>
+    </message>
+    <message id="No calendars available">
+        <source>No calendars available</source>
+        <translation>No calendars available</translation>
+    </message>
+    <message id="No reminder lists available">
+        <source>No reminder lists available</source>
+        <translation>No reminder lists available</translation>
+    </message>
+    <message id="Global Shortcuts">
+        <source>Global Shortcuts</source>
+        <translation>Global Shortcuts</translation>
+    </message>
+    <message id="Toggle popover">
+        <source>Toggle popover</source>
+        <translation>Toggle popover</translation>
+    </message>
+    <message id="⌥ Space">
+        <source>⌥ Space</source>
+        <translation>Alt+Space</translation>
+    </message>
+    <message id="In-App Shortcuts">
+        <source>In-App Shortcuts</source>
+        <translation>In-App Shortcuts</translation>
+    </message>
+    <message id="Previous month">
+        <source>Previous month</source>
+        <translation>Previous month</translation>
+    </message>
+    <message id="Next month">
+        <source>Next month</source>
+        <translation>Next month</translation>
+    </message>
+    <message id="Go to today">
+        <source>Go to today</source>
+        <translation>Go to today</translation>
+    </message>
+    <message id="New event">
+        <source>New event</source>
+        <translation>New event</translation>
+    </message>
+    <message id="⌘ ←">
+        <source>⌘ ←</source>
+        <translation>Ctrl+←</translation>
+    </message>
+    <message id="⌘ →">
+        <source>⌘ →</source>
+        <translation>Ctrl+→</translation>
+    </message>
+    <message id="T">
+        <source>T</source>
+        <translation>T</translation>
+    </message>
+    <message id="⌘ N">
+        <source>⌘ N</source>
+        <translation>Ctrl+N</translation>
+    </message>
+    <message id="⌘ F">
+        <source>⌘ F</source>
+        <translation>Ctrl+F</translation>
+    </message>
+    <message id="Version %@ (%@)">
+        <source>Version %@ (%@)</source>
+        <translation>Version %1 (%2)</translation>
+    </message>
+    <message id="A lightweight macOS menu bar calendar">
+        <source>A lightweight macOS menu bar calendar</source>
+        <translation>A lightweight calendar for the desktop’s panel</translation>
+    </message>
+    <message id="Timezones">
+        <source>Timezones</source>
+        <translation>Time Zones</translation>
+    </message>
+    <message id="No timezones added">
+        <source>No timezones added</source>
+        <translation>No time zones added</translation>
+    </message>
+    <message id="Add Timezone...">
+        <source>Add Timezone...</source>
+        <translation>Add Time Zone…</translation>
+    </message>
+    <message id="Add Timezone">
+        <source>Add Timezone</source>
+        <translation>Add Time Zone</translation>
+    </message>
+    <message id="Search timezones...">
+        <source>Search timezones...</source>
+        <translation>Search time zones…</translation>
+    </message>
+    <message id="accessibility.remove %@">
+        <source>accessibility.remove %@</source>
+        <translation>Remove %1</translation>
+    </message>
+    <message id="updates.available.title %@">
+        <source>updates.available.title %@</source>
+        <translation>Mintaro %1 is available</translation>
+    </message>
+    <message id="updates.available.body %@">
+        <source>updates.available.body %@</source>
+        <translation>You have version %1.</translation>
+    </message>
 </context>
 </TS>

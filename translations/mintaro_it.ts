@@ -373,5 +373,293 @@
         <source>notification.eventStartingSoon</source>
         <translation>L’evento sta per iniziare</translation>
     </message>
+    <message id="Settings">
+        <source>Settings</source>
+        <translation>Impostazioni</translation>
+    </message>
+    <message id="settings.title">
+        <source>settings.title</source>
+        <translation>Impostazioni di Mintaro</translation>
+    </message>
+    <message id="General">
+        <source>General</source>
+        <translation>Generali</translation>
+    </message>
+    <message id="Appearance">
+        <source>Appearance</source>
+        <translation>Aspetto</translation>
+    </message>
+    <message id="Calendars">
+        <source>Calendars</source>
+        <translation>Calendari</translation>
+    </message>
+    <message id="Shortcuts">
+        <source>Shortcuts</source>
+        <translation>Scorciatoie</translation>
+    </message>
+    <message id="World Clock">
+        <source>World Clock</source>
+        <translation>Fusi orari</translation>
+    </message>
+    <message id="About">
+        <source>About</source>
+        <translation>Info</translation>
+    </message>
+    <message id="Menu Bar">
+        <source>Menu Bar</source>
+        <translation>Pannello</translation>
+    </message>
+    <message id="Launch at login">
+        <source>Launch at login</source>
+        <translation>Avvia all’accesso</translation>
+    </message>
+    <message id="Show date in menu bar">
+        <source>Show date in menu bar</source>
+        <translation>Mostra la data nel pannello</translation>
+    </message>
+    <message id="Show next event in menu bar">
+        <source>Show next event in menu bar</source>
+        <translation>Mostra il prossimo evento nel pannello</translation>
+    </message>
+    <message id="Show meeting icon">
+        <source>Show meeting icon</source>
+        <translation>Mostra l’icona della riunione</translation>
+    </message>
+    <message id="Countdown format">
+        <source>Countdown format</source>
+        <translation>Conto alla rovescia</translation>
+    </message>
+    <message id="countdown.format.relative">
+        <source>countdown.format.relative</source>
+        <translation>Relativo (tra 5 min)</translation>
+    </message>
+    <message id="countdown.format.compact">
+        <source>countdown.format.compact</source>
+        <translation>Compatto (5m)</translation>
+    </message>
+    <message id="countdown.format.absolute">
+        <source>countdown.format.absolute</source>
+        <translation>Orario (14:30)</translation>
+    </message>
+    <message id="Max title length: %lld">
+        <source>Max title length: %lld</source>
+        <translation>Lunghezza massima del titolo: %1</translation>
+    </message>
+    <message id="Date format">
+        <source>Date format</source>
+        <translation>Formato della data</translation>
+    </message>
+    <message id="Uses DateFormatter patterns: d MMM, EEE d, etc.">
+        <source>Uses DateFormatter patterns: d MMM, EEE d, etc.</source>
+        <translation>Usa i modelli Unicode per le date: d MMM, EEE d ecc.</translation>
+    </message>
+    <message id="Notifications">
+        <source>Notifications</source>
+        <translation>Notifiche</translation>
+    </message>
+    <message id="Meeting reminders">
+        <source>Meeting reminders</source>
+        <translation>Promemoria delle riunioni</translation>
+    </message>
+    <message id="Show a notification before meetings with video links">
+        <source>Show a notification before meetings with video links</source>
+        <translation>Mostra una notifica prima delle riunioni con un link video</translation>
+    </message>
+    <message id="%lld min before">
+        <source>%lld min before</source>
+        <translation>%1 min prima</translation>
+    </message>
+    <message id="Hourly chime">
+        <source>Hourly chime</source>
+        <translation>Segnale orario</translation>
+    </message>
+    <message id="Language">
+        <source>Language</source>
+        <translation>Lingua</translation>
+    </message>
+    <message id="language.system">
+        <source>language.system</source>
+        <translation>Come il desktop</translation>
+    </message>
+    <message id="English">
+        <source>English</source>
+        <translation>English</translation>
+    </message>
+    <message id="Italiano">
+        <source>Italiano</source>
+        <translation>Italiano</translation>
+    </message>
+    <message id="Restart required to change language">
+        <source>Restart required to change language</source>
+        <translation>Per cambiare lingua occorre riavviare Mintaro</translation>
+    </message>
+    <message id="Updates">
+        <source>Updates</source>
+        <translation>Aggiornamenti</translation>
+    </message>
+    <message id="Check for Updates...">
+        <source>Check for Updates...</source>
+        <translation>Cerca aggiornamenti…</translation>
+    </message>
+    <message id="updates.checking">
+        <source>updates.checking</source>
+        <translation>Ricerca in corso…</translation>
+    </message>
+    <message id="updates.none">
+        <source>updates.none</source>
+        <translation>Gli aggiornamenti arrivano da dove Mintaro è stato installato.</translation>
+    </message>
+    <message id="updates.upToDate">
+        <source>updates.upToDate</source>
+        <translation>Mintaro è aggiornato.</translation>
+    </message>
+    <message id="updates.available %@">
+        <source>updates.available %@</source>
+        <translation>È disponibile Mintaro %1.</translation>
+    </message>
+    <message id="updates.unreachable">
+        <source>updates.unreachable</source>
+        <translation>Il server degli aggiornamenti non è raggiungibile.</translation>
+    </message>
+    <message id="updates.malformed">
+        <source>updates.malformed</source>
+        <translation>Il server degli aggiornamenti ha dato una risposta incomprensibile.</translation>
+    </message>
+    <message id="updates.open">
+        <source>updates.open</source>
+        <translation>Mostra…</translation>
+    </message>
+    <message id="Colors">
+        <source>Colors</source>
+        <translation>Colori</translation>
+    </message>
+    <message id="Use system accent color">
+        <source>Use system accent color</source>
+        <translation>Usa il colore d’accento del sistema</translation>
+    </message>
+    <message id="Accent color (hex)">
+        <source>Accent color (hex)</source>
+        <translation>Colore d’accento (esadecimale)</translation>
+    </message>
+    <message id="Font">
+        <source>Font</source>
+        <translation>Carattere</translation>
+    </message>
+    <message id="Event font size: %lldpt">
+        <source>Event font size: %lldpt</source>
+        <translation>Dimensione del testo degli eventi: %1pt</translation>
+    </message>
+    <message id="Calendar Access Required">
+        <source>Calendar Access Required</source>
+        <translation>Accesso ai calendari necessario</translation>
+    </message>
+    <message id="Mintaro needs permission to read your calendars. Grant access in System Settings.">
+        <source>Mintaro needs permission to read your calendars. Grant access in System Settings.</source>
+        <translation>Mintaro non può leggere i tuoi calendari. Fai in modo che le cartelle della sua configurazione siano leggibili.</translation>
+    </message>
+    <message id="Reminder Lists">
+        <source>Reminder Lists</source>
+        <translation>Elenchi di promemoria</translation>
+    </message>
+    <message id="No calendars available">
+        <source>No calendars available</source>
+        <translation>Nessun calendario disponibile</translation>
+    </message>
+    <message id="No reminder lists available">
+        <source>No reminder lists available</source>
+        <translation>Nessun elenco di promemoria disponibile</translation>
+    </message>
+    <message id="Global Shortcuts">
+        <source>Global Shortcuts</source>
+        <translation>Scorciatoie globali</translation>
+    </message>
+    <message id="Toggle popover">
+        <source>Toggle popover</source>
+        <translation>Apri o chiudi il calendario</translation>
+    </message>
+    <message id="⌥ Space">
+        <source>⌥ Space</source>
+        <translation>Alt+Spazio</translation>
+    </message>
+    <message id="In-App Shortcuts">
+        <source>In-App Shortcuts</source>
+        <translation>Scorciatoie nell’app</translation>
+    </message>
+    <message id="Previous month">
+        <source>Previous month</source>
+        <translation>Mese precedente</translation>
+    </message>
+    <message id="Next month">
+        <source>Next month</source>
+        <translation>Mese successivo</translation>
+    </message>
+    <message id="Go to today">
+        <source>Go to today</source>
+        <translation>Vai a oggi</translation>
+    </message>
+    <message id="New event">
+        <source>New event</source>
+        <translation>Nuovo evento</translation>
+    </message>
+    <message id="⌘ ←">
+        <source>⌘ ←</source>
+        <translation>Ctrl+←</translation>
+    </message>
+    <message id="⌘ →">
+        <source>⌘ →</source>
+        <translation>Ctrl+→</translation>
+    </message>
+    <message id="T">
+        <source>T</source>
+        <translation>T</translation>
+    </message>
+    <message id="⌘ N">
+        <source>⌘ N</source>
+        <translation>Ctrl+N</translation>
+    </message>
+    <message id="⌘ F">
+        <source>⌘ F</source>
+        <translation>Ctrl+F</translation>
+    </message>
+    <message id="Version %@ (%@)">
+        <source>Version %@ (%@)</source>
+        <translation>Versione %1 (%2)</translation>
+    </message>
+    <message id="A lightweight macOS menu bar calendar">
+        <source>A lightweight macOS menu bar calendar</source>
+        <translation>Un calendario leggero per il pannello del desktop</translation>
+    </message>
+    <message id="Timezones">
+        <source>Timezones</source>
+        <translation>Fusi orari</translation>
+    </message>
+    <message id="No timezones added">
+        <source>No timezones added</source>
+        <translation>Nessun fuso orario aggiunto</translation>
+    </message>
+    <message id="Add Timezone...">
+        <source>Add Timezone...</source>
+        <translation>Aggiungi fuso orario…</translation>
+    </message>
+    <message id="Add Timezone">
+        <source>Add Timezone</source>
+        <translation>Aggiungi fuso orario</translation>
+    </message>
+    <message id="Search timezones...">
+        <source>Search timezones...</source>
+        <translation>Cerca fusi orari…</translation>
+    </message>
+    <message id="accessibility.remove %@">
+        <source>accessibility.remove %@</source>
+        <translation>Rimuovi %1</translation>
+    </message>
+    <message id="updates.available.title %@">
+        <source>updates.available.title %@</source>
+        <translation>È disponibile Mintaro %1</translation>
+    </message>
+    <message id="updates.available.body %@">
+        <source>updates.available.body %@</source>
+        <translation>La versione installata è la %1.</translation>
+    </message>
 </context>
 </TS>

@@ -105,9 +105,9 @@ QString AppContext::calendarConfigurationFolder()
     return QFileInfo(StoreConfiguration::filePath(BaseFolders::fromEnvironment())).path();
 }
 
-AppState::Dependencies AppContext::dependencies(Workspace &workspace, EventEditorOpener *eventEditor)
+AppState::Dependencies AppContext::dependencies(Workspace &workspace)
 {
-    return { m_database, m_notifications, m_defaults, m_environment, workspace, eventEditor };
+    return { m_database, m_notifications, m_defaults, m_environment, workspace };
 }
 
 } // namespace mintaro

@@ -51,8 +51,8 @@ public:
     [[nodiscard]] const std::shared_ptr<CalendarDatabase> &database() const { return m_database; }
     /// The folder of store.conf, which names the calendars that the program may see.
     [[nodiscard]] static QString calendarConfigurationFolder();
-    /// Both must outlive the result; without an editor nothing can be edited.
-    [[nodiscard]] AppState::Dependencies dependencies(Workspace &workspace, EventEditorOpener *eventEditor = nullptr);
+    /// Both must outlive the result, which names nothing that a program without windows does not have.
+    [[nodiscard]] AppState::Dependencies dependencies(Workspace &workspace);
 
 private:
     const bool m_hasSystemTime;

@@ -19,6 +19,7 @@ AppState::AppState(const Dependencies &dependencies)
     , m_defaults(dependencies.defaults)
     , m_workspace(dependencies.workspace)
     , m_eventEditor(dependencies.eventEditor)
+    , m_settings(dependencies.settings)
     , m_pasteboard(dependencies.pasteboard)
     , m_calendarApplication(dependencies.calendarApplication)
     , m_selectedDate(m_environment.now())
@@ -178,6 +179,7 @@ QCoro::Task<> AppState::watchStoreChanges()
         co_await refreshAll();
         if (!self)
             co_return;
+        Q_EMIT storeChanged();
     }
 }
 
@@ -252,14 +254,12 @@ void AppState::followTodayAndRefresh()
 
 void AppState::onPreferenceChanged(const QString &key)
 {
-    // These shape what is fetched and generated; all others are read when they are needed.
+    // All others are read when they are needed: the calendars at the next refresh, the format of the countdown at the
+    // next tick.
     if (key == QLatin1String("SelectedReminderLists"))
         fetchReminders();
-    else if (m_hasCalendarAccess
-        && (key == QLatin1String("SelectedCalendars") || key == QLatin1String("WeekStartsOnMonday")))
+    else if (m_hasCalendarAccess && key == QLatin1String("WeekStartsOnMonday"))
         refreshAll();
-    else if (key == QLatin1String("CountdownFormat"))
-        updateCountdown();
     else if (key == QLatin1String("MeetingNotificationsEnabled") || key == QLatin1String("MeetingNotificationMinutes"))
         scheduleNotifications();
 }
@@ -280,6 +280,12 @@ void AppState::openPrivacySettings()
 void AppState::openURL(const URL &url)
 {
     m_workspace.open(url);
+}
+
+void AppState::openSettings()
+{
+    if (m_settings)
+        m_settings->openSettings();
 }
 
 } // namespace mintaro

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "App/EventEditorOpener.h"
+#include "App/SettingsOpener.h"
 #include "Models/CountdownFormat.h"
 #include "Models/EventDraft.h"
 #include "Platform/Foundation/Logger.h"
@@ -52,6 +53,7 @@ public:
         Workspace &workspace;
         // Null where there is none, as in a program without windows.
         EventEditorOpener *eventEditor = nullptr;
+        SettingsOpener *settings = nullptr;
         Pasteboard *pasteboard = nullptr;
         CalendarApplication *calendarApplication = nullptr;
         UNUserNotificationCenter *userNotifications = nullptr;
@@ -95,6 +97,7 @@ public:
 
     [[nodiscard]] CalendarViewModel *calendarVM() { return &m_calendarVM; }
     [[nodiscard]] EventStoreService &eventStore() { return m_eventStore; }
+    [[nodiscard]] ReminderService &reminderService() { return m_reminderService; }
     [[nodiscard]] EventsViewModel &eventsVM() { return m_eventsVM; }
     [[nodiscard]] RemindersViewModel &remindersVM() { return m_remindersVM; }
     [[nodiscard]] SearchViewModel *searchVM() { return &m_searchVM; }
@@ -136,6 +139,7 @@ public:
     /// Opens what grants access to the calendars.
     void openPrivacySettings();
     void openURL(const URL &url);
+    void openSettings();
 
     /// Completes the reminder of that calendarItemIdentifier, or takes that back, and fetches the reminders anew. What
     /// the store refuses is only logged: the reminder then shows as it was.
@@ -208,6 +212,8 @@ Q_SIGNALS:
     void isShowingDeleteConfirmationChanged();
     void isShowingSpanPickerChanged();
     void errorMessageChanged();
+    /// The store changed, and what is shown of it has been fetched anew.
+    void storeChanged();
     /// A day began, the clock jumped or the zone changed.
     void significantTimeChange();
 
@@ -241,6 +247,7 @@ private:
     UserDefaults &m_defaults;
     Workspace &m_workspace;
     EventEditorOpener *const m_eventEditor;
+    SettingsOpener *const m_settings;
     Pasteboard *const m_pasteboard;
     CalendarApplication *const m_calendarApplication;
     Date m_selectedDate;

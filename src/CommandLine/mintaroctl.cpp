@@ -1,4 +1,5 @@
 #include "CommandLine/Command.h"
+#include "Platform/Foundation/Bundle.h"
 
 #include <QCoreApplication>
 
@@ -44,7 +45,7 @@ int main(int argc, char **argv)
     std::signal(SIGPIPE, SIG_IGN);
     QCoreApplication application(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("mintaroctl"));
-    QCoreApplication::setApplicationVersion(QStringLiteral(MINTARO_VERSION));
+    QCoreApplication::setApplicationVersion(mintaro::Bundle::mainBundle().version());
 
     const auto commands = mintaro::allCommands();
     QCommandLineParser parser;

@@ -43,7 +43,10 @@ NotificationService::NotificationService(UNUserNotificationCenter &center, const
 
 void NotificationService::registerCategories()
 {
-    m_center.setNotificationCategories({ { kCategory, { { kJoinAction, qtTrId("notification.joinMeeting") } } } });
+    auto categories = m_center.notificationCategories();
+    std::erase_if(categories, [](const UNNotificationCategory &category) { return category.identifier == kCategory; });
+    categories.push_back({ kCategory, { { kJoinAction, qtTrId("notification.joinMeeting") } } });
+    m_center.setNotificationCategories(std::move(categories));
 }
 
 QCoro::Task<bool> NotificationService::requestPermission()

@@ -4,6 +4,8 @@
 #include "Views/Components/SymbolImageProvider.h"
 #include "Views/EventEditor/EventEditorViewController.h"
 #include "Views/Notifications/NotificationViewController.h"
+#include "Views/Settings/SettingsViewController.h"
+#include "Views/WorldClock/TimezonePickerViewController.h"
 
 #include <QQmlComponent>
 #include <QQuickWindow>
@@ -47,6 +49,18 @@ std::unique_ptr<QQuickItem> ViewEngine::makeEventEditorView(EventEditorViewContr
 std::unique_ptr<QQuickItem> ViewEngine::makeNotificationView(NotificationViewController &controller)
 {
     return make(QStringLiteral("Notifications/NotificationView"),
+        { { QStringLiteral("controller"), QVariant::fromValue(&controller) } });
+}
+
+std::unique_ptr<QQuickItem> ViewEngine::makeSettingsView(SettingsViewController &controller)
+{
+    return make(QStringLiteral("Settings/SettingsView"),
+        { { QStringLiteral("controller"), QVariant::fromValue(&controller) } });
+}
+
+std::unique_ptr<QQuickItem> ViewEngine::makeTimezonePickerView(TimezonePickerViewController &controller)
+{
+    return make(QStringLiteral("WorldClock/TimezonePickerView"),
         { { QStringLiteral("controller"), QVariant::fromValue(&controller) } });
 }
 

@@ -13,6 +13,8 @@ namespace mintaro {
 class EventEditorViewController;
 class FaviconService;
 class NotificationViewController;
+class SettingsViewController;
+class TimezonePickerViewController;
 
 /// The QML engine with all that the views need, and a maker of the views that stand by themselves. For the main thread.
 class ViewEngine
@@ -29,6 +31,10 @@ public:
     [[nodiscard]] std::unique_ptr<QQuickItem> makeEventEditorView(EventEditorViewController &controller);
     /// `controller` must outlive the item.
     [[nodiscard]] std::unique_ptr<QQuickItem> makeNotificationView(NotificationViewController &controller);
+    /// `controller` must outlive the item.
+    [[nodiscard]] std::unique_ptr<QQuickItem> makeSettingsView(SettingsViewController &controller);
+    /// `controller` must outlive the item.
+    [[nodiscard]] std::unique_ptr<QQuickItem> makeTimezonePickerView(TimezonePickerViewController &controller);
 
 private:
     [[nodiscard]] std::unique_ptr<QQuickItem> make(const QString &view, const QVariantMap &properties);

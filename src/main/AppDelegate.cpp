@@ -2,6 +2,7 @@
 
 #include "Platform/UserNotifications/UNNotificationCategory.h"
 #include "Services/NotificationService.h"
+#include "main/UpdateNotification.h"
 
 namespace mintaro {
 
@@ -13,12 +14,12 @@ UNNotificationPresentationOptions AppDelegate::willPresent(const UNNotificationR
 QCoro::Task<> AppDelegate::didReceive(UNNotificationResponse response)
 {
     const QString &action = response.actionIdentifier;
-    if (action != MeetingNotification::kJoinAction && action != kUNNotificationDefaultActionIdentifier)
+    if (action != MeetingNotification::kJoinAction && action != kShowUpdateAction
+        && action != kUNNotificationDefaultActionIdentifier)
         co_return;
-    const auto link = response.request.content.userInfo.constFind(MeetingNotification::kMeetingURL);
-    if (link == response.request.content.userInfo.constEnd())
-        co_return;
-    if (const auto url = URL::fromString(*link))
+    const auto &userInfo = response.request.content.userInfo;
+    const QString link = userInfo.value(MeetingNotification::kMeetingURL, userInfo.value(kUpdateURL));
+    if (const auto url = URL::fromString(link); url && !link.isEmpty())
         co_await m_meetingOpener.open(*url, response.activationToken);
 }
 

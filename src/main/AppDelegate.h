@@ -5,7 +5,8 @@
 
 namespace mintaro {
 
-/// Answers for the program where the system has a question: joins the meeting of a reminder that the user chose.
+/// Answers for the program where the system has a question: joins the meeting of a reminder that the user
+/// chose, or opens the page of a newer version.
 class AppDelegate final : public UNUserNotificationCenterDelegate
 {
 public:

@@ -2,6 +2,8 @@
 
 #include "Extensions/DateHelpers.h"
 
+#include "main/UpdateNotification.h"
+
 #include <QCoreApplication>
 
 namespace mintaro {
@@ -32,10 +34,14 @@ MintaroApp::MintaroApp(const ContextOptions &options)
     , m_session(userAgent())
     , m_favicons(m_session, QStringLiteral(MINTARO_ICON_SERVICE))
     , m_hourlyChime(m_context.defaults(), m_context.environment(), m_sounds)
+    , m_loginItem(SMAppService::Places::standard())
+    , m_sparkleUpdater(m_session, m_context.defaults(), m_context.environment(), QStringLiteral(MINTARO_UPDATE_FEED),
+          Bundle::mainBundle().version())
     , m_notificationPanel([this]() -> ViewEngine & { return views(); })
 {
     m_desktopNotifications.setFallback(&m_notificationPanel);
     m_userNotifications.setDelegate(&m_appDelegate);
+    m_userNotifications.setNotificationCategories({ updateCategory() });
     connect(&m_label, &MenuBarLabel::changed, this, &MintaroApp::updateStatusItem);
     connect(&m_appState, &AppState::nextEventChanged, this, [this] {
         updateStatusItem();
@@ -45,6 +51,8 @@ MintaroApp::MintaroApp(const ContextOptions &options)
     connect(&m_appearance, &Appearance::changed, this, &MintaroApp::updateIconColor);
     connect(&m_statusItem, &StatusItem::hostChanged, this, &MintaroApp::onHostChanged);
     connect(&m_appState, &AppState::errorMessageChanged, this, &MintaroApp::onErrorMessageChanged);
+    connect(&m_sparkleUpdater.updaterController()->updater(), &SPUUpdater::finished, this,
+        &MintaroApp::onUpdateCheckFinished);
 }
 
 MintaroApp::~MintaroApp() = default;
@@ -81,6 +89,24 @@ void MintaroApp::openEventEditor(const std::optional<EKEvent> &existingEvent)
     if (!m_eventEditor)
         m_eventEditor = std::make_unique<EventEditorPanel>(m_appState, views());
     m_eventEditor->open(existingEvent);
+}
+
+void MintaroApp::openSettings()
+{
+    if (!m_settings) {
+        const SettingsDependencies dependencies { m_appState, m_loginItem, m_sparkleUpdater, Bundle::mainBundle(),
+            QStringLiteral(MINTARO_WEBSITE) };
+        m_settings = std::make_unique<SettingsScene>(dependencies, views());
+    }
+    m_settings->open();
+}
+
+void MintaroApp::onUpdateCheckFinished(const SPUUpdateCheck &check)
+{
+    // Who asked reads the answer in the settings.
+    if (!check.isByUser && check.item)
+        m_userNotifications.add(
+            updateNotification(*check.item, Bundle::mainBundle().version(), m_context.environment()));
 }
 
 void MintaroApp::onErrorMessageChanged()
@@ -133,6 +159,7 @@ void MintaroApp::updateMenu()
     }
     if (items.size() > 2)
         items.push_back(MenuItem::separator());
+    items.push_back({ .title = qtTrId("Settings"), .action = [this] { openSettings(); } });
     items.push_back({ .title = qtTrId("Quit"), .action = [] { QCoreApplication::quit(); } });
     m_statusItem.setMenu(std::move(items));
 }
@@ -161,7 +188,9 @@ void MintaroApp::onHostChanged(StatusHost host)
 
 AppState::Dependencies MintaroApp::dependencies()
 {
-    AppState::Dependencies dependencies = m_context.dependencies(m_workspace, this);
+    AppState::Dependencies dependencies = m_context.dependencies(m_workspace);
+    dependencies.eventEditor = this;
+    dependencies.settings = this;
     dependencies.pasteboard = &m_pasteboard;
     dependencies.calendarApplication = &m_calendarApplication;
     dependencies.userNotifications = &m_userNotifications;

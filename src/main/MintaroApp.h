@@ -9,12 +9,15 @@
 #include "Platform/AppKit/PopoverWindow.h"
 #include "Platform/AppKit/StatusItem.h"
 #include "Platform/AppKit/SystemSound.h"
+#include "Platform/ServiceManagement/SMAppService.h"
 #include "Platform/UserNotifications/DesktopNotifications.h"
 #include "Services/FaviconService.h"
 #include "Services/HourlyChimeService.h"
+#include "Update/SparkleUpdater.h"
 #include "Views/EventEditor/EventEditorPanel.h"
 #include "Views/Main/MenuBarLabel.h"
 #include "Views/Notifications/NotificationPanel.h"
+#include "Views/Settings/SettingsScene.h"
 #include "Views/ViewEngine.h"
 #include "main/AppDelegate.h"
 
@@ -24,7 +27,7 @@ namespace mintaro {
 
 /// The program: builds everything, wires it and owns it. There is no main window: the panel item with its popover is
 /// the application. The QML engine exists from the first window on.
-class MintaroApp : public QObject, private EventEditorOpener
+class MintaroApp : public QObject, private EventEditorOpener, private SettingsOpener
 {
     Q_OBJECT
 
@@ -37,6 +40,8 @@ public:
     /// Both open it where the item was clicked last, else below our own chip, else in the top right corner.
     void showPopover();
     void togglePopover();
+    /// Opens the one settings window, or raises it.
+    void openSettings() override;
 
     [[nodiscard]] AppState &appState() { return m_appState; }
 
@@ -44,6 +49,7 @@ private:
     void openEventEditor(const std::optional<EKEvent> &existingEvent) override;
     void onItemClicked(std::optional<QPoint> where);
     void onErrorMessageChanged();
+    void onUpdateCheckFinished(const SPUUpdateCheck &check);
     void showError();
     void onPopoverOpened();
     void onPopoverClosed();
@@ -71,6 +77,8 @@ private:
     URLSession m_session;
     FaviconService m_favicons;
     HourlyChimeService m_hourlyChime;
+    SMAppService m_loginItem;
+    SparkleUpdater m_sparkleUpdater;
     StatusItem m_statusItem;
     /// Of the item, where its host has told it.
     std::optional<QPoint> m_lastClick;
@@ -79,6 +87,7 @@ private:
     std::unique_ptr<ViewEngine> m_views;
     NotificationPanel m_notificationPanel;
     std::unique_ptr<EventEditorPanel> m_eventEditor;
+    std::unique_ptr<SettingsScene> m_settings;
     std::unique_ptr<PopoverWindow> m_popover;
     std::unique_ptr<QQuickItem> m_popoverContent;
     std::unique_ptr<PanelChip> m_chip;

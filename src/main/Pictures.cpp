@@ -5,7 +5,9 @@
 #include "Views/EventEditor/EventEditorViewController.h"
 #include "Views/Main/MenuBarLabel.h"
 #include "Views/Notifications/NotificationViewController.h"
+#include "Views/Settings/SettingsViewController.h"
 #include "Views/ViewEngine.h"
+#include "Views/WorldClock/TimezonePickerViewController.h"
 
 #include <QCoroTask>
 #include <QDir>
@@ -30,6 +32,8 @@ public:
 
 constexpr int kDaysToOtherSelection = 2;
 constexpr int kMarginAround = 16;
+constexpr int kCalendarsTab = 2;
+constexpr int kWorldClockTab = 4;
 /// Where a row is pressed for its menu.
 constexpr QPointF kInRow { 60, 16 };
 /// More than the notes show at once.
@@ -46,6 +50,9 @@ public:
         , m_appState(m_context.dependencies(m_workspace))
         , m_label(m_appState)
         , m_views(m_appState, m_label, m_appearance)
+        , m_session(QByteArray())
+        , m_loginItem({})
+        , m_sparkleUpdater(m_session, m_context.defaults(), m_context.environment(), {}, {})
     {
     }
 
@@ -54,6 +61,7 @@ public:
         const auto popover = m_views.makeMainPopoverView();
         const auto label = m_views.makeMenuBarLabel();
         save(*popover, QStringLiteral("popover-noaccess"));
+        drawTab("calendars-noaccess", kCalendarsTab);
         QCoro::waitFor(m_appState.requestAccessAndLoad());
         save(*label, QStringLiteral("label"));
         save(*popover, QStringLiteral("popover"));
@@ -66,6 +74,7 @@ public:
         drawSearches(*popover);
         drawEditors();
         drawNotification();
+        drawSettings();
         m_context.defaults().setBool(true, QStringLiteral("ShowWeekNumbers"));
         select(QStringLiteral("nothing of that name"));
         save(*popover, QStringLiteral("popover-empty"));
@@ -147,6 +156,54 @@ private:
         QCoro::waitFor(editor.loadData());
         const auto view = m_views.makeEventEditorView(editor);
         save(*view, QLatin1String(name), [&] { act(editor); });
+    }
+
+    void drawSettings()
+    {
+        int tab = 0;
+        for (const char *name : { "general", "appearance", "calendars", "shortcuts", "worldclock", "about" })
+            drawTab(name, tab++);
+        drawTab("general-bottom", 0, scrollToBottom);
+        m_context.defaults().setBool(false, QStringLiteral("ShowNextEventInMenuBar"));
+        m_context.defaults().setBool(false, QStringLiteral("MeetingNotificationsEnabled"));
+        drawTab("general-less", 0);
+        m_context.defaults().setBool(false, QStringLiteral("UseSystemAccent"));
+        m_context.defaults().setString(QStringLiteral("#a2298f"), QStringLiteral("AccentColorHex"));
+        drawTab("appearance-own", 1);
+        m_context.defaults().removeObjectForKey(QStringLiteral("UseSystemAccent"));
+        m_context.defaults().setData(encoded({ WorldClockEntry::forZone(QStringLiteral("Europe/Rome")),
+                                         WorldClockEntry::forZone(QStringLiteral("America/New_York")),
+                                         WorldClockEntry::forZone(QStringLiteral("Asia/Tokyo")) }),
+            QStringLiteral("WorldClockEntries"));
+        drawTab("worldclock-zones", kWorldClockTab);
+        drawTab("calendars-open", kCalendarsTab, [](QQuickItem &view) {
+            if (QQuickItem *row = itemOfType(view, "DisclosureRow"))
+                QMetaObject::invokeMethod(row, "clicked");
+        });
+        TimezonePickerViewController picker(m_context.environment());
+        const auto view = m_views.makeTimezonePickerView(picker);
+        save(*view, QStringLiteral("timezones"));
+        picker.setSearchText(QStringLiteral("rome"));
+        save(*view, QStringLiteral("timezones-found"));
+    }
+
+    static void scrollToBottom(QQuickItem &view)
+    {
+        if (QQuickItem *page = itemOfType(view, "GeneralSettingsView"))
+            QMetaObject::invokeMethod(page, "scrollToBottom");
+    }
+
+    void drawTab(
+        const char *name, int tab, const std::function<void(QQuickItem &)> &act = [](QQuickItem &) {})
+    {
+        SettingsViewController settings({ m_appState, m_loginItem, m_sparkleUpdater, Bundle::mainBundle() });
+        const auto view = m_views.makeSettingsView(settings);
+        view->setProperty("currentIndex", tab);
+        QCoro::waitFor(settings.calendars()->loadCalendars());
+        save(*view, QStringLiteral("settings-") + QLatin1String(name), [&] {
+            settle();
+            act(*view);
+        });
     }
 
     void drawNotification()
@@ -234,6 +291,9 @@ private:
     AppState m_appState;
     MenuBarLabel m_label;
     ViewEngine m_views;
+    URLSession m_session;
+    SMAppService m_loginItem;
+    SparkleUpdater m_sparkleUpdater;
     QStringList m_files;
 };
 

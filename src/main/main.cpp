@@ -1,4 +1,5 @@
 #include "Platform/AppKit/SingleInstance.h"
+#include "Platform/Foundation/Bundle.h"
 #include "Platform/Foundation/Logger.h"
 #include "main/MintaroApp.h"
 
@@ -28,6 +29,7 @@ int run(const QCommandLineParser &arguments, bool shows)
     mintaro::MintaroApp app(options);
     QObject::connect(&instance, &SingleInstance::showRequested, &app, &mintaro::MintaroApp::showPopover);
     QObject::connect(&instance, &SingleInstance::toggleRequested, &app, &mintaro::MintaroApp::togglePopover);
+    QObject::connect(&instance, &SingleInstance::settingsRequested, &app, &mintaro::MintaroApp::openSettings);
     app.start();
     if (shows)
         app.showPopover();
@@ -40,7 +42,7 @@ int main(int argc, char **argv)
 {
     QGuiApplication application(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("mintaro"));
-    QCoreApplication::setApplicationVersion(QStringLiteral(MINTARO_VERSION));
+    QCoreApplication::setApplicationVersion(mintaro::Bundle::mainBundle().version());
     QGuiApplication::setDesktopFileName(QString::fromLatin1(mintaro::kSubsystem));
     // A small card that mostly stands still is drawn sooner without a graphics driver, and in a third of the memory.
     if (!qEnvironmentVariableIsSet("QT_QUICK_BACKEND"))

@@ -62,6 +62,14 @@ public:
     void openEventEditor(const std::optional<EKEvent> &existingEvent) override { opened.push_back(existingEvent); }
 };
 
+/// Counts how often it was asked.
+class FakeSettings final : public SettingsOpener
+{
+public:
+    int opened = 0;
+    void openSettings() override { ++opened; }
+};
+
 /// What the store refuses a task with; empty where it does not. (QCoro::waitFor never comes back from a task that
 /// throws.)
 inline QCoro::Task<QString> refusal(QCoro::Task<> task)
@@ -134,8 +142,9 @@ struct World
     AppState &state()
     {
         if (!m_state)
-            m_state = std::make_unique<AppState>(AppState::Dependencies { database, notifications, defaults,
-                environment, workspace, &eventEditor, &pasteboard, &calendarApplication, userNotifications, log });
+            m_state
+                = std::make_unique<AppState>(AppState::Dependencies { database, notifications, defaults, environment,
+                    workspace, &eventEditor, &settings, &pasteboard, &calendarApplication, userNotifications, log });
         return *m_state;
     }
 
@@ -167,6 +176,7 @@ struct World
     NotificationCenter notifications;
     FakeWorkspace workspace;
     FakeEventEditor eventEditor;
+    FakeSettings settings;
     FakePasteboard pasteboard;
     FakeCalendarApplication calendarApplication;
     /// To be set before the state is made; null: nobody is reminded.

@@ -24,6 +24,7 @@ public:
 
     /// Null for none; else it must outlive the object. Without one all is presented, and no response is followed.
     void setDelegate(UNUserNotificationCenterDelegate *delegate) { m_delegate = delegate; }
+    [[nodiscard]] const std::vector<UNNotificationCategory> &notificationCategories() const { return m_categories; }
     /// In place of those before.
     void setNotificationCategories(std::vector<UNNotificationCategory> categories);
     /// Whether the user lets the program notify: the desktops ask nobody. Throws std::runtime_error where there is no

@@ -9,6 +9,8 @@ Rectangle {
     id: root
 
     default property alias rows: column.data
+    // What makes rows is a child too, but none that is seen.
+    readonly property list<Item> rowsInSight: Array.prototype.filter.call(column.visibleChildren, child => child.height > 0)
 
     implicitWidth: column.implicitWidth
     implicitHeight: column.implicitHeight
@@ -22,13 +24,13 @@ Rectangle {
         width: parent.width
     }
     Repeater {
-        model: Math.max(0, column.visibleChildren.length - 1)
+        model: Math.max(0, root.rowsInSight.length - 1)
 
         Rectangle {
             id: line
             required property int index
             x: Theme.margin
-            y: column.visibleChildren[line.index + 1]?.y ?? 0
+            y: root.rowsInSight[line.index + 1]?.y ?? 0
             width: root.width - 2 * Theme.margin
             height: 1
             color: Theme.separator

@@ -17,20 +17,29 @@ const QHash<QString, QString> &symbolFiles()
         { QStringLiteral("bubble.left.and.bubble.right.fill"), QStringLiteral("chat-dots-fill") },
         { QStringLiteral("calendar"), QStringLiteral("calendar3") },
         { QStringLiteral("calendar.badge.checkmark"), QStringLiteral("calendar2-check") },
+        { QStringLiteral("calendar.badge.exclamationmark"), QStringLiteral("calendar3") },
         { QStringLiteral("checkmark"), QStringLiteral("check-lg") },
         { QStringLiteral("checkmark.circle"), QStringLiteral("check-circle") },
         { QStringLiteral("checkmark.circle.fill"), QStringLiteral("check-circle-fill") },
+        { QStringLiteral("chevron.down"), QStringLiteral("chevron-down") },
         { QStringLiteral("chevron.left"), QStringLiteral("chevron-left") },
         { QStringLiteral("chevron.right"), QStringLiteral("chevron-right") },
         { QStringLiteral("chevron.up.chevron.down"), QStringLiteral("chevron-expand") },
         { QStringLiteral("circle"), QStringLiteral("circle") },
         { QStringLiteral("doc.on.doc"), QStringLiteral("files") },
+        { QStringLiteral("gear"), QStringLiteral("gear") },
+        { QStringLiteral("globe"), QStringLiteral("globe") },
         { QStringLiteral("headphones.circle.fill"), QStringLiteral("headphones") },
+        { QStringLiteral("info.circle"), QStringLiteral("info-circle") },
+        { QStringLiteral("keyboard"), QStringLiteral("keyboard") },
         { QStringLiteral("link"), QStringLiteral("link-45deg") },
         { QStringLiteral("list.bullet"), QStringLiteral("list-ul") },
         { QStringLiteral("lock.shield"), QStringLiteral("shield-lock") },
         { QStringLiteral("magnifyingglass"), QStringLiteral("search") },
         { QStringLiteral("mappin"), QStringLiteral("geo-alt") },
+        { QStringLiteral("minus"), QStringLiteral("dash-lg") },
+        { QStringLiteral("minus.circle"), QStringLiteral("dash-circle") },
+        { QStringLiteral("paintbrush"), QStringLiteral("brush") },
         { QStringLiteral("pencil"), QStringLiteral("pencil") },
         { QStringLiteral("person.3.fill"), QStringLiteral("people-fill") },
         { QStringLiteral("phone.fill"), QStringLiteral("telephone-fill") },
@@ -68,6 +77,20 @@ QImage cutOutOfDisc(QSvgRenderer &symbol, int size)
     return disc;
 }
 
+/// The symbol with a smaller one in its lower right corner, and a gap around that.
+void addBadge(QPainter &painter, QSvgRenderer &badge, int size)
+{
+    const QRectF corner(size * 0.5, size * 0.5, size * 0.5, size * 0.5);
+    const double gap = size * 0.06;
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(Qt::black);
+    painter.setCompositionMode(QPainter::CompositionMode_DestinationOut);
+    painter.drawEllipse(corner.adjusted(-gap, -gap, gap, gap));
+    painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
+    badge.render(&painter, corner);
+}
+
 } // namespace
 
 SymbolImageProvider::SymbolImageProvider()
@@ -89,6 +112,10 @@ QImage SymbolImageProvider::image(const QString &name, const QColor &color, int 
     } else {
         QPainter painter(&image);
         symbol.render(&painter, image.rect());
+        if (name == QLatin1String("calendar.badge.exclamationmark")) {
+            QSvgRenderer badge(QStringLiteral(":/symbols/exclamation-circle-fill.svg"));
+            addBadge(painter, badge, size);
+        }
     }
     tint(image, color);
     return image;

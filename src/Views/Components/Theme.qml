@@ -40,12 +40,15 @@ QtObject {
 
     // Text styles
     readonly property string family: "Inter"
+    readonly property font titleBold: Qt.font({ family: root.family, pixelSize: 22, weight: Font.Bold })
     readonly property font headline: Qt.font({ family: root.family, pixelSize: 13, weight: Font.DemiBold })
     readonly property font body: Qt.font({ family: root.family, pixelSize: 13 })
     readonly property font bodyBold: Qt.font({ family: root.family, pixelSize: 13, weight: Font.Bold })
     readonly property font labelText: Qt.font({ family: root.family, pixelSize: 13, weight: Font.Medium })
     readonly property font callout: Qt.font({ family: root.family, pixelSize: 12 })
+    readonly property font keys: Qt.font({ family: "monospace", pixelSize: 12 })
     readonly property font subheadline: Qt.font({ family: root.family, pixelSize: 11 })
+    readonly property font tabCurrent: Qt.font({ family: root.family, pixelSize: 11, weight: Font.Medium })
     readonly property font caption: Qt.font({ family: root.family, pixelSize: 10 })
     readonly property font sectionHeading: Qt.font({ family: root.family, pixelSize: 10, weight: Font.DemiBold, capitalization: Font.AllUppercase })
     readonly property font caption2: Qt.font({ family: root.family, pixelSize: 10, weight: Font.Medium })
@@ -53,6 +56,15 @@ QtObject {
     // Measures, in points
     readonly property int editorWidth: 320
     readonly property int notificationWidth: 320
+    readonly property int settingsWidth: 450
+    readonly property int settingsHeight: 350
+    readonly property int pickerWidth: 300
+    readonly property int pickerHeight: 400
+    readonly property int pickerRowHeight: 40
+    readonly property int aboutIconSize: 128
+    /// Of a symbol in place of a large title.
+    readonly property int largeTitleSize: 26
+    readonly property int calendarDotSize: 10
     readonly property int fadeHeight: 14
     readonly property int margin: 12
     readonly property int gridMargin: 8

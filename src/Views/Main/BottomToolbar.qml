@@ -33,6 +33,14 @@ Item {
         onClicked: root.appState.isShowingSearch = !root.appState.isShowingSearch
     }
     ToolButton {
+        anchors { right: quit.left; rightMargin: 6; verticalCenter: parent.verticalCenter }
+        accessibleName: qsTrId("Settings")
+        toolTip: qsTrId("Settings")
+        symbol: "gear"
+        onClicked: controller.openSettings()
+    }
+    ToolButton {
+        id: quit
         anchors { right: parent.right; rightMargin: Theme.margin - padding; verticalCenter: parent.verticalCenter }
         accessibleName: qsTrId("Quit")
         toolTip: qsTrId("Quit Mintaro (⌘Q)")
@@ -46,7 +54,7 @@ Item {
 
         required property string symbol
         required property string toolTip
-        required property string shortcut
+        property string shortcut
 
         padding: 5
         contentItem: Symbol {
@@ -55,6 +63,7 @@ Item {
         }
 
         Shortcut {
+            enabled: button.shortcut !== ""
             sequence: button.shortcut
             onActivated: button.clicked()
         }

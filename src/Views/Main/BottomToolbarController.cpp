@@ -9,6 +9,11 @@ void BottomToolbarController::openNewEvent()
     m_appState->openNewEvent();
 }
 
+void BottomToolbarController::openSettings()
+{
+    m_appState->openSettings();
+}
+
 void BottomToolbarController::quit()
 {
     QCoreApplication::quit();

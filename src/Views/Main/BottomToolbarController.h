@@ -17,6 +17,7 @@ public:
     using QObject::QObject;
 
     Q_INVOKABLE void openNewEvent();
+    Q_INVOKABLE void openSettings();
     /// Ends the program at once.
     Q_INVOKABLE void quit();
 

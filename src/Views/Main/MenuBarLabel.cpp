@@ -1,6 +1,7 @@
 #include "Views/Main/MenuBarLabel.h"
 
 #include <QCoreApplication>
+#include <QSet>
 #include <QTextBoundaryFinder>
 
 namespace mintaro {
@@ -8,6 +9,9 @@ namespace mintaro {
 namespace {
 
 constexpr std::chrono::seconds kTickInterval { 30 };
+/// What shows at once; the longest title and the format of the countdown wait for the next tick.
+const QSet<QString> kObservedPreferences { QStringLiteral("MenuBarDateFormat"), QStringLiteral("ShowDateInMenuBar"),
+    QStringLiteral("ShowNextEventInMenuBar"), QStringLiteral("ShowMeetingIconInMenuBar") };
 
 } // namespace
 
@@ -25,7 +29,8 @@ MenuBarLabel::MenuBarLabel(AppState &appState)
     connect(&m_appState.defaults(), &UserDefaults::changed, this, [this](const QString &key) {
         if (key == QLatin1String("MenuBarDateFormat"))
             useDateFormat();
-        update();
+        if (kObservedPreferences.contains(key))
+            update();
     });
     update();
 }

@@ -36,7 +36,9 @@ FocusScope {
     SearchField {
         id: field
         anchors { left: parent.left; right: done.left; top: parent.top; leftMargin: 8; rightMargin: 4; topMargin: 8 }
-        search: root.appState.searchVM
+        placeholder: qsTrId("Search events...")
+        text: root.appState.searchVM.searchText
+        onEdited: root.appState.searchVM.searchText = field.text
         onSearchRequested: controller.search()
         onClearRequested: controller.clear()
         Keys.onDownPressed: list.takeFocus()

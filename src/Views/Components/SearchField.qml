@@ -7,8 +7,11 @@ import Mintaro
 Item {
     id: root
 
-    required property SearchViewModel search
+    required property string placeholder
+    property alias text: field.text
 
+    /// The user changed the text.
+    signal edited
     signal searchRequested
     signal clearRequested
 
@@ -43,7 +46,6 @@ Item {
         anchors { left: glass.right; right: clear.visible ? clear.left : parent.right; top: parent.top; bottom: parent.bottom }
         leftPadding: 6
         rightPadding: 4
-        text: root.search.searchText
         font: Theme.body
         color: Theme.primary
         selectionColor: Theme.selectionGround
@@ -51,15 +53,15 @@ Item {
         selectByMouse: true
         verticalAlignment: TextInput.AlignVCenter
         Accessible.role: Accessible.EditableText
-        Accessible.name: qsTrId("Search events...")
+        Accessible.name: root.placeholder
         Accessible.searchEdit: true
-        onTextEdited: root.search.searchText = field.text
+        onTextEdited: root.edited()
         onAccepted: root.searchRequested()
 
         Text {
             anchors { fill: parent; leftMargin: field.leftPadding }
             visible: field.length === 0 && field.preeditText === ""
-            text: qsTrId("Search events...")
+            text: root.placeholder
             font: field.font
             color: Theme.tertiary
             elide: Text.ElideRight
@@ -70,7 +72,7 @@ Item {
     PlainButton {
         id: clear
         anchors { right: parent.right; rightMargin: 1; verticalCenter: parent.verticalCenter }
-        visible: root.search.searchText !== ""
+        visible: field.text !== ""
         accessibleName: qsTrId("Clear")
         padding: 5
         contentItem: Symbol {

@@ -1,0 +1,25 @@
+import QtQuick
+
+import Mintaro
+
+/// A line to type in, with a box of its own.
+LineField {
+    id: root
+
+    implicitWidth: 120
+    implicitHeight: Theme.controlHeight
+    leftPadding: 8
+    rightPadding: 8
+
+    background: Rectangle {
+        radius: Theme.controlRadius
+        color: Theme.fieldFace
+        border.width: Theme.borderWidth
+        border.color: root.hovered && !root.activeFocus ? Theme.border : Theme.separator
+
+        FocusRing {
+            shown: root.activeFocus
+            gap: 0
+        }
+    }
+}

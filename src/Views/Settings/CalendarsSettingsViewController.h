@@ -1,0 +1,42 @@
+#pragma once
+
+#include "App/AppState.h"
+#include "Views/Settings/CalendarChecklist.h"
+
+namespace mintaro {
+
+/// The Calendars tab: which calendars and reminder lists are shown. Lists count at once, calendars from the next
+/// refresh on.
+class CalendarsSettingsViewController : public QObject
+{
+    Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("The settings have one")
+    Q_PROPERTY(bool hasCalendarAccess READ hasCalendarAccess NOTIFY hasCalendarAccessChanged)
+    Q_PROPERTY(mintaro::CalendarChecklist *calendars READ calendars CONSTANT)
+    Q_PROPERTY(mintaro::CalendarChecklist *reminderLists READ reminderLists CONSTANT)
+
+public:
+    /// `appState` must outlive the object.
+    explicit CalendarsSettingsViewController(AppState &appState);
+
+    [[nodiscard]] bool hasCalendarAccess() const { return m_appState.hasCalendarAccess(); }
+    /// Under their sources.
+    [[nodiscard]] CalendarChecklist *calendars() { return &m_calendars; }
+    [[nodiscard]] CalendarChecklist *reminderLists() { return &m_reminderLists; }
+
+    /// Asks the store anew; to be called each time the tab appears.
+    Q_INVOKABLE void appear() { loadCalendars(); }
+    QCoro::Task<> loadCalendars();
+    Q_INVOKABLE void openPrivacySettings() { m_appState.openPrivacySettings(); }
+
+Q_SIGNALS:
+    void hasCalendarAccessChanged();
+
+private:
+    AppState &m_appState;
+    CalendarChecklist m_calendars;
+    CalendarChecklist m_reminderLists;
+};
+
+} // namespace mintaro
