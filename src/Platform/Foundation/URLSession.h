@@ -33,8 +33,8 @@ public:
     URLSession &operator=(const URLSession &) = delete;
 
     /// Whatever the server answers with, errors of HTTP included. Nothing where no whole answer came in time, where it
-    /// is longer than `sizeLimit` in bytes, after more than 5 redirects or one from HTTPS to less, and for a URL of
-    /// another scheme.
+    /// is longer than `sizeLimit` in bytes, after more than 5 redirects or one to another host, port or scheme, and for
+    /// a URL of another scheme.
     [[nodiscard]] QCoro::Task<std::optional<Response>> data(const URL &url, qint64 sizeLimit);
 
 private:
