@@ -56,6 +56,8 @@ QStringList execArguments(const QString &exec, const QString &name)
             hasWord = true;
         } else if (isQuoted && c == u'\\' && QStringView(u"\"`$\\").contains(next)) {
             current.append(exec[++i]);
+        } else if (isQuoted && c == u'%' && next == u'%') {
+            current.append(exec[++i]);
         } else if (!isQuoted && c == u'%') {
             ++i;
             current.append(next == u'c' ? name : next == u'%' ? QStringLiteral("%") : QString());
