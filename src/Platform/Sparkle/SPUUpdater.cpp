@@ -103,10 +103,10 @@ void SPUUpdater::scheduleNextCheck()
         m_timer.stop();
         return;
     }
-    // A clock that is set back must not put a check off any longer.
-    const Date earliest = std::min(*m_earliest, m_environment.now() + kAfterFailure);
+    // A clock that is set back must not put a check off for longer.
+    m_earliest = std::min(*m_earliest, m_environment.now() + kAfterFailure);
     const auto last = lastCheckTime();
-    m_timer.start(last ? std::max(*last + kDay, earliest) : earliest);
+    m_timer.start(last ? std::max(*last + kDay, *m_earliest) : *m_earliest);
 }
 
 std::optional<Date> SPUUpdater::lastCheckTime() const
