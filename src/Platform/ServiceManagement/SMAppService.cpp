@@ -132,6 +132,8 @@ SMAppService::Places SMAppService::Places::standard()
 
 QString lastingProgram(const QString &running, const QProcessEnvironment &environment)
 {
+    if (environment.contains(QStringLiteral("FLATPAK_ID")) && running.startsWith(QLatin1String("/app/")))
+        return {};
     // A program that an AppImage has started finds its variables, too.
     const QString mount = environment.value(QStringLiteral("APPDIR"));
     const QString image = environment.value(QStringLiteral("APPIMAGE"));
@@ -149,6 +151,8 @@ SMAppService::Status SMAppService::status() const
 
 void SMAppService::registerService() const
 {
+    if (m_places.program.isEmpty())
+        throw FileError("this program cannot be started from outside its sandbox");
     writeEntry(m_places.userFolder, m_places.program, {});
 }
 

@@ -19,7 +19,7 @@ public:
     {
         QString userFolder; ///< where the user's entries are; need not exist
         QStringList systemFolders; ///< where the administrator's are, the most important one first
-        QString program; ///< absolute path of what an entry starts
+        QString program; ///< absolute path of what an entry starts; empty where no entry could
 
         /// Those of the XDG Base Directory Specification, and the running program.
         [[nodiscard]] static Places standard();
@@ -46,7 +46,7 @@ private:
 };
 
 /// What an entry is to start for a program that runs from the path `running`: the AppImage that it was unpacked from,
-/// else itself.
+/// else itself; nothing for a Flatpak, whose paths and folders the session does not see.
 [[nodiscard]] QString lastingProgram(const QString &running, const QProcessEnvironment &environment);
 
 } // namespace mintaro

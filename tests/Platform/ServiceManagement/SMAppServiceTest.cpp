@@ -157,9 +157,13 @@ TEST_F(SMAppServiceTest, AFailureIsToldAndChangesNothing)
     EXPECT_EQ(QDir(userFolder).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot).size(), 1);
     userFolder = userEntry + u"/autostart"_qs;
     EXPECT_THROW(service().registerService(), FileError);
+    program.clear();
+    userFolder = folder.filePath(u"sandbox/autostart"_qs);
+    EXPECT_THROW(service().registerService(), FileError);
+    EXPECT_FALSE(QFile::exists(userFolder));
 }
 
-TEST(LastingProgramTest, IsTheAppImageThatTheProgramRunsFrom)
+TEST(LastingProgramTest, IsWhatTheSessionCanStart)
 {
     QProcessEnvironment environment;
     EXPECT_EQ(lastingProgram(u"/usr/bin/mintaro"_qs, environment), u"/usr/bin/mintaro"_qs);
@@ -168,6 +172,8 @@ TEST(LastingProgramTest, IsTheAppImageThatTheProgramRunsFrom)
     EXPECT_EQ(lastingProgram(u"/tmp/.mount_Mint/usr/bin/mintaro"_qs, environment), u"/home/me/Mintaro.AppImage"_qs);
     EXPECT_EQ(lastingProgram(u"/usr/bin/mintaro"_qs, environment), u"/usr/bin/mintaro"_qs)
         << "another AppImage's child";
+    environment.insert(u"FLATPAK_ID"_qs, u"dev.velmora.mintaro"_qs);
+    EXPECT_EQ(lastingProgram(u"/app/bin/mintaro"_qs, environment), QString());
 }
 
 } // namespace
