@@ -4,6 +4,8 @@
 
 #include <unicode/locid.h>
 
+#include <algorithm>
+
 namespace mintaro {
 
 namespace {
@@ -25,13 +27,24 @@ QString mostLikelyRegion(const QString &language)
     return U_SUCCESS(status) ? QString::fromLatin1(locale.getCountry()) : QString();
 }
 
+/// Language, script, region.
+QRegularExpressionMatch matchIdentifier(const QString &identifier)
+{
+    static const QRegularExpression form(
+        QStringLiteral("^([A-Za-z]{2,3})(?:[-_]([A-Z][a-z]{3}))?(?:[-_]([A-Za-z]{2}))?(?:[.@].*)?$"));
+    return form.match(identifier);
+}
+
+bool isIdentifier(const QString &text)
+{
+    return matchIdentifier(text).hasMatch();
+}
+
 } // namespace
 
 Locale Locale::fromIdentifier(const QString &identifier)
 {
-    static const QRegularExpression form(
-        QStringLiteral("^([A-Za-z]{2,3})(?:[-_]([A-Z][a-z]{3}))?(?:[-_]([A-Za-z]{2}))?(?:[.@].*)?$"));
-    const auto match = form.match(identifier);
+    const auto match = matchIdentifier(identifier);
     if (!match.hasMatch())
         return {};
     Locale locale;
@@ -51,8 +64,9 @@ Locale Locale::current(const QStringList &preferredLanguages)
     const bool plain = messages.isEmpty() || messages == QLatin1String("C") || messages == QLatin1String("POSIX");
     if (const QString list = qEnvironmentVariable("LANGUAGE"); !list.isEmpty() && !plain)
         language = list.section(u':', 0, 0);
-    if (!preferredLanguages.isEmpty())
-        language = preferredLanguages.first();
+    const auto preferred = std::find_if(preferredLanguages.begin(), preferredLanguages.end(), isIdentifier);
+    if (preferred != preferredLanguages.end())
+        language = *preferred;
     Locale locale = fromIdentifier(formats);
     locale.language = fromIdentifier(language).language;
     return locale;

@@ -19,8 +19,8 @@ struct Locale
     /// The locale of an identifier such as "it", "it_IT", "en-GB", "de_DE.UTF-8"; "C" and "POSIX" read as en_US. A
     /// language without a region gets its most likely one.
     [[nodiscard]] static Locale fromIdentifier(const QString &identifier);
-    /// The user's: the language from the first of `preferredLanguages` (the preference AppleLanguages), else from
-    /// LANGUAGE or LC_MESSAGES; region and formats from LC_TIME.
+    /// The user's: the language from the first of `preferredLanguages` (the preference AppleLanguages) that is one,
+    /// else from LANGUAGE or LC_MESSAGES; region and formats from LC_TIME.
     [[nodiscard]] static Locale current(const QStringList &preferredLanguages);
 
     friend bool operator==(const Locale &, const Locale &) = default;

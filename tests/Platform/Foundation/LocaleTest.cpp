@@ -52,6 +52,10 @@ TEST(Locale, LanguageAndRegionComeFromTheRightVariables)
         { "LANGUAGE goes before LANG", { { "LANG", "en_GB.UTF-8" }, { "LANGUAGE", "it:en" } }, {}, "it_GB" },
         { "LANGUAGE counts nothing in the C locale", { { "LANG", "C" }, { "LANGUAGE", "it" } }, {}, "en_US" },
         { "the user's own choice goes first", { { "LANG", "en_GB.UTF-8" } }, { QStringLiteral("it") }, "it_GB" },
+        { "what is no language is passed over", { { "LANG", "it_IT" } }, { QStringLiteral("???"), QString() },
+            "it_IT" },
+        { "the first that is a language counts", { { "LANG", "it_IT" } }, { QString(), QStringLiteral("de") },
+            "de_IT" },
         { "LC_ALL overrules all", { { "LANG", "en_GB" }, { "LC_ALL", "it_CH" } }, {}, "it_CH" },
     };
     for (const auto &row : rows) {
