@@ -7,6 +7,21 @@ namespace {
 constexpr int kDefaultNotificationMinutes = 5;
 constexpr int kDefaultMaxTitleLength = 20;
 constexpr int kMonday = 2;
+/// Longer than any date; a pattern is typed, or pasted by mistake.
+constexpr qsizetype kLongestDateFormat = 100;
+
+/// Text that a panel can show in its one line.
+QString asOneLine(QString text, qsizetype limit)
+{
+    text.truncate(limit);
+    if (!text.isEmpty() && text.back().isHighSurrogate())
+        text.chop(1);
+    for (QChar &c : text) {
+        if (c.category() == QChar::Other_Control || c == QChar::LineSeparator || c == QChar::ParagraphSeparator)
+            c = u' ';
+    }
+    return text;
+}
 
 int positive(int stored, int fallback)
 {
@@ -33,7 +48,8 @@ bool AppState::showDateInMenuBar() const
 
 QString AppState::menuBarDateFormat() const
 {
-    return m_defaults.stringForKey(QStringLiteral("MenuBarDateFormat")).value_or(QStringLiteral("d MMM"));
+    const auto stored = m_defaults.stringForKey(QStringLiteral("MenuBarDateFormat"));
+    return asOneLine(stored.value_or(QStringLiteral("d MMM")), kLongestDateFormat);
 }
 
 bool AppState::showNextEventInMenuBar() const

@@ -180,7 +180,7 @@ public:
     [[nodiscard]] bool weekStartsOnMonday() const;
     [[nodiscard]] bool showWeekNumbers() const;
     [[nodiscard]] bool showDateInMenuBar() const;
-    [[nodiscard]] QString menuBarDateFormat() const;
+    [[nodiscard]] QString menuBarDateFormat() const; ///< one line of at most 100 characters
     [[nodiscard]] bool showNextEventInMenuBar() const;
     [[nodiscard]] bool showMeetingIconInMenuBar() const;
     void setShowMeetingIconInMenuBar(bool shows);

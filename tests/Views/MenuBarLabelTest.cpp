@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QRegularExpression>
 #include <QSignalSpy>
 
 namespace mintaro {
@@ -131,6 +132,21 @@ TEST_F(MenuBarLabelTest, TitleLengthAndCountdownFormatWaitForTheNextTick)
     EXPECT_EQ(label.text(), u"7 Mar · Review in 30 min"_qs);
     Q_EMIT world.environment.significantTimeChange();
     EXPECT_EQ(label.text(), u"7 Mar · Re… 12:30"_qs);
+}
+
+TEST_F(MenuBarLabelTest, AnyDatePatternGivesOneLineOfBoundedLength)
+{
+    MenuBarLabel label(world.loaded());
+    const QStringList patterns { QString(10'000, u'y'), QString(10'000, u'E'), u"EEEE G zzzz "_qs.repeated(1000),
+        QString(9'999, u'\''), u"'"_qs, u"d\n\r\tMMM\u2028y"_qs, u"\U0001F4C5"_qs.repeated(9'999), u"j%1$s{}[]b"_qs };
+    for (const QString &pattern : patterns) {
+        world.defaults.setString(pattern, u"MenuBarDateFormat"_qs);
+        EXPECT_LE(label.text().size(), 1000) << pattern.left(20).toStdString();
+        EXPECT_FALSE(label.text().contains(QRegularExpression(u"[\\x{0}-\\x{1f}\\x{2028}]"_qs)));
+        EXPECT_TRUE(label.text().isValidUtf16());
+    }
+    world.defaults.setString(u"d 'of' MMM"_qs, u"MenuBarDateFormat"_qs);
+    EXPECT_EQ(label.text(), u"7 of Mar"_qs);
 }
 
 TEST_F(MenuBarLabelTest, RollsOverWhenTheDayTurns)
