@@ -23,12 +23,16 @@ QString jsonArray(const QStringList &values)
     return QString::fromUtf8(QJsonDocument(QJsonArray::fromStringList(values)).toJson(QJsonDocument::Compact));
 }
 
+/// Empty where something in it is no text.
 QStringList fromJsonArray(QStringView text)
 {
     QStringList values;
     const QJsonArray array = QJsonDocument::fromJson(text.toUtf8()).array();
-    for (const auto &value : array)
+    for (const auto &value : array) {
+        if (!value.isString())
+            return {};
         values.append(value.toString());
+    }
     return values;
 }
 
@@ -40,11 +44,14 @@ QString encodedText(const QString &text)
     return plain ? text : kTextMark + jsonArray({ text });
 }
 
-QString decodedText(const QString &value)
+std::optional<QString> decodedText(const QString &value)
 {
+    if (value.startsWith(kArrayMark) || value.startsWith(kDataMark))
+        return std::nullopt;
     if (!value.startsWith(kTextMark))
         return value;
-    return fromJsonArray(QStringView(value).mid(kTextMark.size())).value(0);
+    const QStringList texts = fromJsonArray(QStringView(value).mid(kTextMark.size()));
+    return texts.isEmpty() ? std::nullopt : std::optional(texts.first());
 }
 
 /// QSettings hands over the whole file. What is before the first section has no prefix, and so has [General].
@@ -225,7 +232,7 @@ std::optional<double> UserDefaults::doubleForKey(const QString &key) const
 std::optional<QString> UserDefaults::stringForKey(const QString &key) const
 {
     const auto it = m_values.constFind(key);
-    return it == m_values.cend() ? std::nullopt : std::optional(decodedText(*it));
+    return it == m_values.cend() ? std::nullopt : decodedText(*it);
 }
 
 QStringList UserDefaults::stringArrayForKey(const QString &key) const
@@ -237,7 +244,11 @@ QStringList UserDefaults::stringArrayForKey(const QString &key) const
 QByteArray UserDefaults::dataForKey(const QString &key) const
 {
     const QString value = m_values.value(key);
-    return value.startsWith(kDataMark) ? QByteArray::fromBase64(value.mid(kDataMark.size()).toLatin1()) : QByteArray();
+    if (!value.startsWith(kDataMark))
+        return {};
+    const auto data = QByteArray::fromBase64Encoding(
+        value.mid(kDataMark.size()).toLatin1(), QByteArray::AbortOnBase64DecodingErrors);
+    return data ? data.decoded : QByteArray();
 }
 
 void UserDefaults::setBool(bool value, const QString &key)

@@ -38,9 +38,11 @@ public:
     [[nodiscard]] int integerForKey(const QString &key) const;
     /// Empty where the key is absent or its text is no finite number.
     [[nodiscard]] std::optional<double> doubleForKey(const QString &key) const;
+    /// Empty where the key is absent or holds a list or data.
     [[nodiscard]] std::optional<QString> stringForKey(const QString &key) const;
-    /// Empty where the key is absent or holds no list.
+    /// Empty where the key is absent or holds no list of texts.
     [[nodiscard]] QStringList stringArrayForKey(const QString &key) const;
+    /// Empty where the key is absent or holds no data.
     [[nodiscard]] QByteArray dataForKey(const QString &key) const;
     /// Every key with its value as it stands in the file.
     [[nodiscard]] QMap<QString, QString> dictionaryRepresentation() const { return m_values; }
