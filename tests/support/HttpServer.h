@@ -25,7 +25,7 @@ public:
     {
         m_answers.insert(path, "HTTP/1.1 " + status + "\r\nConnection: close\r\n" + headers + "\r\n" + body);
     }
-    /// The connection stays, so that nobody asks twice who asks while it ends.
+    /// The connection stays.
     void answer(const QString &path, const QByteArray &body, const QByteArray &status = "200 OK")
     {
         m_answers.insert(
@@ -50,8 +50,7 @@ private:
         QObject::connect(socket, &QTcpSocket::disconnected, socket, &QObject::deleteLater);
         QObject::connect(socket, &QTcpSocket::readyRead, socket, [this, socket] {
             const QByteArray request = socket->peek(socket->bytesAvailable());
-            // What is asked after the answer, while the connection closes, is asked again on another.
-            if (!request.endsWith("\r\n\r\n") || socket->state() != QAbstractSocket::ConnectedState)
+            if (!request.endsWith("\r\n\r\n"))
                 return;
             lastRequest = socket->readAll();
             requested.append(QString::fromUtf8(lastRequest.split(' ').value(1)));
