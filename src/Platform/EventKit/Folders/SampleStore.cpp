@@ -133,8 +133,7 @@ QByteArray configurationFor(const QString &target, const QStringList &sources)
 
 QString SampleStore::templateFolder()
 {
-    const QString source = QStringLiteral(MINTARO_SAMPLE_STORE_SOURCE);
-    return QDir(source).exists() ? source : QStringLiteral(MINTARO_SAMPLE_STORE_INSTALLED);
+    return QStringLiteral(MINTARO_SAMPLE_STORE_SOURCE);
 }
 
 void SampleStore::write(const QString &templateFolder, const QString &target, Date now, const Calendar &calendar)

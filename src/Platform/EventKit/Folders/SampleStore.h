@@ -18,7 +18,7 @@ namespace mintaro {
 class SampleStore
 {
 public:
-    /// Where the templates are: in the source tree that this was built from, else where they are installed.
+    /// Where the templates are: in the source tree that this was built from. They are not installed.
     [[nodiscard]] static QString templateFolder();
 
     /// Copies the templates to `target`, a folder that is new or empty, with all dates filled in; nothing is left there
