@@ -95,7 +95,7 @@ void MintaroApp::openSettings()
 {
     if (!m_settings) {
         const SettingsDependencies dependencies { m_appState, m_loginItem, m_sparkleUpdater, Bundle::mainBundle(),
-            QStringLiteral(MINTARO_WEBSITE) };
+            QStringLiteral(MINTARO_HOMEPAGE) };
         m_settings = std::make_unique<SettingsScene>(dependencies, views());
     }
     m_settings->open();

@@ -11,12 +11,13 @@
 
 namespace {
 
-int run(const QCommandLineParser &arguments, bool shows)
+using mintaro::SingleInstance;
+
+/// `request`: what is to be opened; a first instance has nothing to toggle and shows its item alone.
+int run(const QCommandLineParser &arguments, SingleInstance::Request request)
 {
     const auto options = mintaro::ContextOptions::from(arguments);
-    using mintaro::SingleInstance;
     SingleInstance instance(QDBusConnection::sessionBus());
-    const auto request = shows ? SingleInstance::Request::Show : SingleInstance::Request::Toggle;
     switch (instance.start(request)) {
     case SingleInstance::Start::First:
         break;
@@ -31,8 +32,10 @@ int run(const QCommandLineParser &arguments, bool shows)
     QObject::connect(&instance, &SingleInstance::toggleRequested, &app, &mintaro::MintaroApp::togglePopover);
     QObject::connect(&instance, &SingleInstance::settingsRequested, &app, &mintaro::MintaroApp::openSettings);
     app.start();
-    if (shows)
+    if (request == SingleInstance::Request::Show)
         app.showPopover();
+    else if (request == SingleInstance::Request::Settings)
+        app.openSettings();
     return QGuiApplication::exec();
 }
 
@@ -56,11 +59,15 @@ int main(int argc, char **argv)
     parser.addVersionOption();
     mintaro::ContextOptions::addTo(parser);
     const QCommandLineOption show(QStringLiteral("show"), QStringLiteral("Open the popover at once."));
-    parser.addOption(show);
+    const QCommandLineOption settings(QStringLiteral("settings"), QStringLiteral("Open the settings at once."));
+    parser.addOptions({ show, settings });
     parser.process(application);
 
+    const auto request = parser.isSet(settings) ? SingleInstance::Request::Settings
+        : parser.isSet(show)                    ? SingleInstance::Request::Show
+                                                : SingleInstance::Request::Toggle;
     try {
-        return run(parser, parser.isSet(show));
+        return run(parser, request);
     } catch (const std::exception &error) {
         std::fprintf(stderr, "mintaro: %s\n", error.what());
         return 2;
