@@ -1,15 +1,13 @@
 #include "Platform/AppKit/PopoverWindow.h"
 #include "Views/ViewEngine.h"
 
+#include "support/Controls.h"
 #include "support/KeptWarnings.h"
 #include "support/World.h"
 
 #include <gmock/gmock.h>
 
-#include <QAccessible>
 #include <QCoreApplication>
-#include <QQuickWindow>
-#include <QTest>
 
 namespace mintaro {
 namespace {
@@ -47,50 +45,16 @@ protected:
         ASSERT_TRUE(QTest::qWaitFor([this] { return named(u"Join Zoom"_qs) != nullptr; }));
     }
 
-    /// Every item below `item` that is in sight.
-    static void collect(QQuickItem *item, QList<QQuickItem *> &items)
-    {
-        if (!item->isVisible())
-            return;
-        items.append(item);
-        for (QQuickItem *child : item->childItems())
-            collect(child, items);
-    }
-
     [[nodiscard]] QList<QQuickItem *> buttons() const
     {
-        QList<QQuickItem *> items;
-        collect(window.contentItem(), items);
+        QList<QQuickItem *> items = controls(window);
         items.removeIf([](QQuickItem *item) { return !item->inherits("QQuickAbstractButton"); });
         return items;
     }
 
-    [[nodiscard]] static QString accessibleName(QQuickItem *item)
-    {
-        QAccessibleInterface *interface = QAccessible::queryAccessibleInterface(item);
-        return interface ? interface->text(QAccessible::Name) : QString();
-    }
+    [[nodiscard]] QQuickItem *named(const QString &name) const { return control(window, name); }
 
-    [[nodiscard]] QQuickItem *named(const QString &name) const
-    {
-        for (QQuickItem *button : buttons()) {
-            if (accessibleName(button) == name)
-                return button;
-        }
-        return nullptr;
-    }
-
-    [[nodiscard]] static QPoint middle(QQuickItem *item)
-    {
-        return item->mapToScene(QPointF(item->width() / 2, item->height() / 2)).toPoint();
-    }
-
-    void click(const QString &name)
-    {
-        QQuickItem *button = named(name);
-        ASSERT_TRUE(button) << name.toStdString();
-        QTest::mouseClick(&window, Qt::LeftButton, {}, middle(button));
-    }
+    void click(const QString &name) { ASSERT_TRUE(mintaro::click(window, name)) << name.toStdString(); }
 
     void drag(QPoint from, QPoint by)
     {
@@ -131,7 +95,8 @@ TEST_F(PopoverContentTest, TabGoesRoundAndBackAgain)
 {
     open();
     const QStringList stops { u"Saturday, 7 March 2026, Today, has events"_qs, kReview, u"Join Zoom"_qs,
-        u"New Event"_qs, u"Search"_qs, u"Quit"_qs, u"Previous Month"_qs, u"Today"_qs, u"Next Month"_qs };
+        u"New Event"_qs, u"Search"_qs, u"Settings"_qs, u"Quit"_qs, u"Previous Month"_qs, u"Today"_qs,
+        u"Next Month"_qs };
     EXPECT_EQ(focused(), stops.front());
     for (qsizetype i = 1; i <= stops.size(); ++i) {
         QTest::keyClick(&window, Qt::Key_Tab);

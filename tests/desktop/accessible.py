@@ -7,7 +7,7 @@
     accessible.py selected NAME   whether that is selected
     accessible.py checked NAME    whether that is ticked off
     accessible.py press NAME      does what a press of it does
-    accessible.py check           every control has a name and an action; says which have not
+    accessible.py check NAME      that shows, and every control has a name and an action; says which have not
 
 A NAME that ends in "..." is the beginning of one. Ends with 0 for yes, 1 for no.
 """
@@ -96,7 +96,7 @@ def main():
     if command == "check":
         found = list(faults())
         print(*found, sep="\n")
-        return not found and find("New Event") is not None
+        return not found and find(names[0]) is not None
     if command == "tree":
         return tree()
     if command == "press":

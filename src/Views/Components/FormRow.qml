@@ -21,7 +21,7 @@ Item {
 
     width: parent ? parent.width : implicitWidth
     implicitWidth: title.x + title.implicitWidth + slot.implicitWidth + 2 * Theme.margin
-    implicitHeight: Theme.formRowHeight + root.helpHeight
+    implicitHeight: Math.max(Theme.formRowHeight, title.height + Theme.margin) + root.helpHeight
 
     Rectangle {
         id: dot
@@ -44,6 +44,7 @@ Item {
         opacity: root.enabled ? 1 : Theme.disabledOpacity
         textFormat: Text.PlainText
         elide: Text.ElideRight
+        wrapMode: root.isState ? Text.WordWrap : Text.NoWrap
         // The control speaks it.
         Accessible.role: Accessible.StaticText
         Accessible.name: root.label

@@ -16,6 +16,8 @@ T.Switch {
     opacity: root.enabled ? 1 : Theme.disabledOpacity
     Accessible.role: Accessible.CheckBox
     Accessible.name: root.accessibleName
+    Accessible.onToggleAction: root.flip()
+    Accessible.onPressAction: root.flip()
     Keys.onReturnPressed: root.flip()
     Keys.onEnterPressed: root.flip()
 

@@ -73,7 +73,8 @@ FocusScope {
             required property string title
             required property string abbreviation
             readonly property bool isCurrent: row.index === list.currentIndex
-            width: list.width
+            // The indicator has its own room.
+            width: list.width - 6
             height: Theme.pickerRowHeight
             leftPadding: 8
             rightPadding: 8
