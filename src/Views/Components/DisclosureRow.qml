@@ -23,16 +23,18 @@ PlainButton {
     Keys.onRightPressed: if (!root.isExpanded) root.clicked()
     Keys.onLeftPressed: if (root.isExpanded) root.clicked()
 
-    contentItem: Item {
+    contentItem: Row {
+        spacing: 8
+
         Symbol {
-            id: chevron
             anchors.verticalCenter: parent.verticalCenter
             name: root.isExpanded ? "chevron.down" : "chevron.right"
             size: 10
             color: Theme.secondary
         }
         Text {
-            anchors { left: chevron.right; leftMargin: 8; right: parent.right; verticalCenter: parent.verticalCenter }
+            anchors.verticalCenter: parent.verticalCenter
+            width: root.availableWidth - x
             text: root.title
             font: Theme.labelText
             color: Theme.primary

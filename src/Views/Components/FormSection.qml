@@ -9,8 +9,7 @@ Rectangle {
     id: root
 
     default property alias rows: column.data
-    // What makes rows is a child too, but none that is seen.
-    readonly property list<Item> rowsInSight: Array.prototype.filter.call(column.visibleChildren, child => child.height > 0)
+    readonly property list<Item> rowsInSight: root.findRows(column.visibleChildren)
 
     implicitWidth: column.implicitWidth
     implicitHeight: column.implicitHeight
@@ -35,5 +34,15 @@ Rectangle {
             height: 1
             color: Theme.separator
         }
+    }
+
+    /// What makes rows is a child too, but none that is seen.
+    function findRows(children: list<Item>): list<Item> {
+        const rows = [];
+        for (let i = 0; i < children.length; ++i) {
+            if (children[i].height > 0)
+                rows.push(children[i]);
+        }
+        return rows;
     }
 }

@@ -19,7 +19,7 @@ class GeneralSettingsViewController : public QObject
     Q_PROPERTY(bool showDateInMenuBar READ showDateInMenuBar WRITE setShowDateInMenuBar NOTIFY preferenceChanged)
     Q_PROPERTY(bool showNextEvent READ showNextEvent WRITE setShowNextEvent NOTIFY preferenceChanged)
     Q_PROPERTY(bool showMeetingIcon READ showMeetingIcon WRITE setShowMeetingIcon NOTIFY preferenceChanged)
-    Q_PROPERTY(QStringList countdownFormats READ countdownFormats CONSTANT)
+    Q_PROPERTY(QList<QString> countdownFormats READ countdownFormats CONSTANT)
     /// Of countdownFormats.
     Q_PROPERTY(int countdownFormat READ countdownFormat WRITE setCountdownFormat NOTIFY preferenceChanged)
     Q_PROPERTY(int maxTitleLength READ maxTitleLength WRITE setMaxTitleLength NOTIFY preferenceChanged)
@@ -27,7 +27,7 @@ class GeneralSettingsViewController : public QObject
     Q_PROPERTY(bool meetingReminders READ meetingReminders WRITE setMeetingReminders NOTIFY preferenceChanged)
     Q_PROPERTY(int reminderMinutes READ reminderMinutes WRITE setReminderMinutes NOTIFY preferenceChanged)
     Q_PROPERTY(bool hourlyChime READ hourlyChime WRITE setHourlyChime NOTIFY preferenceChanged)
-    Q_PROPERTY(QStringList languages READ languages CONSTANT)
+    Q_PROPERTY(QList<QString> languages READ languages CONSTANT)
     /// Of languages; -1 where what is stored is none of them.
     Q_PROPERTY(int language READ language WRITE setLanguage NOTIFY preferenceChanged)
     Q_PROPERTY(bool showLanguageRestart READ showLanguageRestart NOTIFY showLanguageRestartChanged)

@@ -45,8 +45,7 @@ TEST_F(SingleInstanceTest, ASecondStartReachesTheFirst)
     EXPECT_EQ(startAgain(SingleInstance::Request::Toggle), SingleInstance::Start::Second);
     EXPECT_EQ(startAgain(SingleInstance::Request::Show), SingleInstance::Start::Second);
     EXPECT_EQ(startAgain(SingleInstance::Request::Settings), SingleInstance::Start::Second);
-    EXPECT_TRUE(
-        QTest::qWaitFor([this] { return toggles.size() == 1 && shows.size() == 1 && settings.size() == 1; }));
+    EXPECT_TRUE(QTest::qWaitFor([this] { return toggles.size() == 1 && shows.size() == 1 && settings.size() == 1; }));
 }
 
 TEST_F(SingleInstanceTest, OthersReachItByTheInterface)
