@@ -5,6 +5,7 @@
 
 #include <benchmark/benchmark.h>
 
+#include <QGuiApplication>
 #include <QProcess>
 
 #include <stdexcept>
@@ -65,6 +66,64 @@ Cost search(RunningProgram &program, const char *text)
     return cost;
 }
 
+/// Of the view that fills the window of that class; null where there is none.
+template <typename Controller, typename Window>
+Controller *controllerInSight()
+{
+    for (QWindow *window : QGuiApplication::topLevelWindows()) {
+        auto *found = window->isVisible() ? qobject_cast<Window *>(window) : nullptr;
+        for (QQuickItem *item : found ? found->contentItem()->childItems() : QList<QQuickItem *>()) {
+            if (auto *controller = item->property("controller").value<Controller *>())
+                return controller;
+        }
+    }
+    return nullptr;
+}
+
+SettingsViewController *settings()
+{
+    return controllerInSight<SettingsViewController, TitledWindow>();
+}
+
+TimezonePickerViewController *picker()
+{
+    return controllerInSight<TimezonePickerViewController, Panel>();
+}
+
+Cost openSettings(RunningProgram &program)
+{
+    if (SettingsViewController *open = settings()) {
+        open->close();
+        MainThreadWatch::runUntil([] { return !settings(); });
+    }
+    return program.measure([&program] { program.openSettings(); }, settings);
+}
+
+Cost openTimeZones(RunningProgram &program)
+{
+    WorldClockSettingsViewController &worldClock = *settings()->worldClock();
+    worldClock.setShowingPicker(false);
+    MainThreadWatch::runUntil([] { return !picker(); });
+    return program.measure([&] { worldClock.setShowingPicker(true); }, picker);
+}
+
+Cost filterTimeZones(RunningProgram &program)
+{
+    picker()->setSearchText({});
+    MainThreadWatch::runFor(std::chrono::milliseconds { 200 });
+    return program.measure([] { picker()->setSearchText(QStringLiteral("e")); }, [] { return true; });
+}
+
+Cost scrollTimeZones(RunningProgram &program)
+{
+    return program.measure(
+        [] {
+            QKeyEvent pageDown(QEvent::KeyPress, Qt::Key_PageDown, Qt::NoModifier);
+            QCoreApplication::sendEvent(QGuiApplication::focusWindow(), &pageDown);
+        },
+        [] { return true; });
+}
+
 struct Action
 {
     const char *name;
@@ -116,7 +175,9 @@ std::vector<std::pair<std::string, std::string>> addPopover(GeneratedStore &stor
     const std::vector<Action> actions { { "openAgain", open }, { "changeMonth", changeMonth },
         { "selectDay", selectDay }, { "refreshUnchanged", refreshUnchanged },
         { "showSearchFew", [](auto &program) { return search(program, "item 47"); } },
-        { "showSearchAll", [](auto &program) { return search(program, "notes"); } } };
+        { "showSearchAll", [](auto &program) { return search(program, "notes"); } }, { "openSettings", openSettings },
+        { "openTimeZones", openTimeZones }, { "scrollTimeZones", scrollTimeZones },
+        { "filterTimeZones", filterTimeZones } };
     std::vector<std::pair<std::string, std::string>> baselines;
     const auto stage = std::make_shared<Stage>();
     for (const auto &[each, suffix] : { std::pair(&tiny, "-tiny"), std::pair(&store, "") }) {

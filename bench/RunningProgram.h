@@ -29,6 +29,7 @@ public:
     /// Opens the popover, which also refreshes everything.
     [[nodiscard]] Cost open();
     void close();
+    void openSettings() { m_app.openSettings(); }
     /// With the popover open: `isDone` tells when what `act` set going has come to its end.
     [[nodiscard]] Cost measure(const std::function<void()> &act, const std::function<bool()> &isDone);
     /// The same where the end is that of a refresh.
