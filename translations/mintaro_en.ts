@@ -661,5 +661,9 @@
         <source>updates.available.body %@</source>
         <translation>You have version %1.</translation>
     </message>
+    <message id="settings.unsaved">
+        <source>settings.unsaved</source>
+        <translation>These changes cannot be saved and last until Mintaro ends.</translation>
+    </message>
 </context>
 </TS>

@@ -661,5 +661,9 @@
         <source>updates.available.body %@</source>
         <translation>La versione installata è la %1.</translation>
     </message>
+    <message id="settings.unsaved">
+        <source>settings.unsaved</source>
+        <translation>Queste modifiche non possono essere salvate e valgono finché Mintaro resta aperto.</translation>
+    </message>
 </context>
 </TS>

@@ -92,17 +92,23 @@ QCoro::Task<> AppState::requestAccessAndLoad()
 QCoro::Task<> AppState::loadEventsOnceGranted()
 {
     const QPointer<AppState> self(this);
+    bool granted = m_hasCalendarAccess;
+    QString failure;
     try {
-        const bool granted = co_await m_eventStore.requestAccess();
+        granted = co_await m_eventStore.requestAccess();
         if (!self)
             co_return;
-        if (std::exchange(m_hasCalendarAccess, granted) != granted)
-            Q_EMIT hasCalendarAccessChanged();
     } catch (const EKError &error) {
         if (!self)
             co_return;
-        m_logger.error(QStringLiteral("Failed to request calendar access: %1").arg(QString::fromUtf8(error.what())));
+        failure = QString::fromUtf8(error.what());
+        m_logger.error(QStringLiteral("Failed to request calendar access: %1").arg(failure));
     }
+    const bool isOther = granted != m_hasCalendarAccess || failure != m_accessFailure;
+    m_hasCalendarAccess = granted;
+    m_accessFailure = failure;
+    if (isOther)
+        Q_EMIT hasCalendarAccessChanged();
     if (!m_hasCalendarAccess)
         co_return;
     if (m_notificationService) {

@@ -75,6 +75,8 @@ public:
     /// Empty when there is no next event.
     [[nodiscard]] const QString &countdownText() const { return m_countdownText; }
     [[nodiscard]] bool hasCalendarAccess() const { return m_hasCalendarAccess; }
+    /// Why the store could not be asked, in its words; empty where it could, whatever it said.
+    [[nodiscard]] const QString &accessFailure() const { return m_accessFailure; }
     [[nodiscard]] bool isShowingSearch() const { return m_isShowingSearch; }
     void setShowingSearch(bool isShowing);
     /// The event that the user is asked about, by the confirmation or, where it repeats, by the span picker.
@@ -257,6 +259,7 @@ private:
     std::optional<CalendarEvent> m_nextEvent;
     QString m_countdownText;
     bool m_hasCalendarAccess = false;
+    QString m_accessFailure;
     bool m_hasReminderAccess = false;
     std::optional<CalendarEvent> m_pendingDeleteEvent;
     bool m_isShowingSearch = false;

@@ -29,14 +29,28 @@ void Panel::showOver(QWindow &owner)
     setModality(Qt::WindowModal);
     setTransientParent(&owner);
     setScreen(owner.screen());
+    const auto follow = [this, &owner] { moveAround(owner.geometry().center()); };
+    connect(&owner, &QWindow::xChanged, this, follow);
+    connect(&owner, &QWindow::yChanged, this, follow);
+    // A click on the owner gives that the keyboard, with which nothing could be done there.
+    connect(&owner, &QWindow::activeChanged, this, [this, &owner] {
+        if (isVisible() && owner.isActive()) {
+            requestActivate();
+        }
+    });
     showAround(owner.geometry().center());
 }
 
-void Panel::showAround(QPoint center)
+void Panel::moveAround(QPoint center)
 {
     QRect geometry(QPoint(), card().size());
     geometry.moveCenter(center);
     setCardPosition(geometry.topLeft());
+}
+
+void Panel::showAround(QPoint center)
+{
+    moveAround(center);
     dressForDisplay();
     show();
     raise();

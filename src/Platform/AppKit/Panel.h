@@ -19,7 +19,8 @@ public:
 
     /// Opens in the middle of the screen with the pointer, and takes the keyboard.
     void showCentered();
-    /// Opens in the middle of `owner`, which waits until it is closed, and takes the keyboard.
+    /// Opens in the middle of `owner`, which waits until it is closed, and takes the keyboard. It goes where its owner
+    /// goes, and gives way to it nowhere.
     void showOver(QWindow &owner);
 
 Q_SIGNALS:
@@ -33,6 +34,7 @@ protected:
 
 private:
     void showAround(QPoint center);
+    void moveAround(QPoint center);
 
     /// Where the background was pressed, in the window's coordinates, until the window moves.
     std::optional<QPoint> m_pressed;

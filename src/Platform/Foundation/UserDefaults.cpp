@@ -127,19 +127,25 @@ QString UserDefaults::standardFile()
         + QStringLiteral("/mintaro/mintaro.conf");
 }
 
-QMap<QString, QString> UserDefaults::readAll()
+void UserDefaults::openFile()
 {
+    const bool wasReadOnly = m_isReadOnly;
     // A fresh object each time: one that has met a broken file would write over it at its next chance.
     m_settings = std::make_unique<QSettings>(m_file, fileFormat());
-    const bool isBroken = m_settings->status() == QSettings::FormatError
+    m_isBroken = m_settings->status() == QSettings::FormatError
         || (QFileInfo::exists(m_file) && !QFileInfo(m_file).isReadable());
-    if (isBroken)
+    m_isReadOnly = m_isBroken || !m_settings->isWritable();
+    if (m_isBroken)
         m_logger.error(QStringLiteral("%1 cannot be read; the defaults hold, and it is left as it is").arg(m_file));
-    else if (!m_settings->isWritable())
+    else if (m_isReadOnly && !wasReadOnly)
         m_logger.info(QStringLiteral("%1 is read-only; changes last until the program ends").arg(m_file));
-    m_isReadOnly = isBroken || !m_settings->isWritable();
+}
+
+QMap<QString, QString> UserDefaults::readAll()
+{
+    openFile();
     QMap<QString, QString> values;
-    if (isBroken)
+    if (m_isBroken)
         return values;
     const QStringList keys = m_settings->allKeys();
     for (const QString &key : keys)
@@ -174,6 +180,9 @@ void UserDefaults::reload()
     // Programs that replace a file by renaming take its watch away.
     watchFile();
     const QMap<QString, QString> before = std::exchange(m_values, readAll());
+    // Whoever wrote it had the last word.
+    if (!std::exchange(m_unsaved, {}).isEmpty())
+        Q_EMIT hasUnsavedChangesChanged();
     QStringList keys = before.keys() + m_values.keys();
     keys.removeDuplicates();
     for (const QString &key : std::as_const(keys)) {
@@ -191,15 +200,35 @@ void UserDefaults::write(const QString &key, const std::optional<QString> &value
         m_values.insert(key, *value);
     else
         m_values.remove(key);
-    if (!m_isReadOnly) {
-        QDir().mkpath(QFileInfo(m_file).path());
-        if (value)
-            m_settings->setValue(key, *value);
-        else
-            m_settings->remove(key);
-        m_settings->sync();
-    }
+    const bool hadUnsavedChanges = hasUnsavedChanges();
+    m_unsaved.insert(key, value);
+    save();
+    if (hasUnsavedChanges() != hadUnsavedChanges)
+        Q_EMIT hasUnsavedChangesChanged();
     Q_EMIT changed(key);
+}
+
+void UserDefaults::save()
+{
+    QDir().mkpath(QFileInfo(m_file).path());
+    // What could not be written may have become so since: a disk that was full, or mounted for reading.
+    if (m_isReadOnly && !m_isBroken)
+        openFile();
+    if (m_isReadOnly)
+        return;
+    for (auto change = m_unsaved.cbegin(); change != m_unsaved.cend(); ++change) {
+        if (change.value())
+            m_settings->setValue(change.key(), *change.value());
+        else
+            m_settings->remove(change.key());
+    }
+    m_settings->sync();
+    if (m_settings->status() == QSettings::NoError) {
+        m_unsaved.clear();
+        return;
+    }
+    m_isReadOnly = true;
+    m_logger.error(QStringLiteral("%1 cannot be written; changes last until the program ends").arg(m_file));
 }
 
 bool UserDefaults::hasObjectForKey(const QString &key) const

@@ -16,8 +16,9 @@ namespace mintaro {
 
 /// The preferences: a file of `Key=value` lines that people may write by hand while the program runs. Text stands raw;
 /// booleans are 1, true, yes and 0, false, no in any case; lists and data carry a mark ("@array", "@data"). A file that
-/// cannot be parsed or written is never written over: a log line says so, and changes last as long as the process.
-/// Comments are read over, and gone once the program writes. For the main thread.
+/// cannot be parsed or written is never written over: a log line says so, and changes last as long as the process, or
+/// until a later one finds that the file can be written. Comments are read over, and gone once the program writes. For
+/// the main thread.
 class UserDefaults : public QObject
 {
     Q_OBJECT
@@ -47,6 +48,9 @@ public:
     /// Every key with its value as it stands in the file.
     [[nodiscard]] QMap<QString, QString> dictionaryRepresentation() const { return m_values; }
 
+    /// There are changes of this program's that the file does not hold, since it cannot be written.
+    [[nodiscard]] bool hasUnsavedChanges() const { return !m_unsaved.isEmpty(); }
+
     void setBool(bool value, const QString &key);
     void setInteger(int value, const QString &key);
     void setDouble(double value, const QString &key);
@@ -58,9 +62,12 @@ public:
 Q_SIGNALS:
     /// The key's value changed, by this program or from outside.
     void changed(const QString &key);
+    void hasUnsavedChangesChanged();
 
 private:
     void write(const QString &key, const std::optional<QString> &value);
+    void save();
+    void openFile();
     void reload();
     void watchFile();
     [[nodiscard]] bool isUntouched();
@@ -69,8 +76,11 @@ private:
     const QString m_file;
     Logger m_logger;
     std::unique_ptr<QSettings> m_settings;
+    bool m_isBroken = false;
     bool m_isReadOnly = false;
     QMap<QString, QString> m_values;
+    /// Absent values are to be removed.
+    QMap<QString, std::optional<QString>> m_unsaved;
     /// Of the file when it was last looked at: inode, size and time of change in ns; zeros where there was none.
     std::array<qint64, 3> m_state {};
     QFileSystemWatcher m_watcher;

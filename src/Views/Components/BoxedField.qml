@@ -13,9 +13,9 @@ LineField {
 
     background: Rectangle {
         radius: Theme.controlRadius
-        color: Theme.fieldFace
+        color: Theme.controlFace
         border.width: Theme.borderWidth
-        border.color: root.hovered && !root.activeFocus ? Theme.border : Theme.separator
+        border.color: Theme.border
 
         FocusRing {
             shown: root.activeFocus

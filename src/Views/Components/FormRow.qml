@@ -44,7 +44,8 @@ Item {
         opacity: root.enabled ? 1 : Theme.disabledOpacity
         textFormat: Text.PlainText
         elide: Text.ElideRight
-        wrapMode: root.isState ? Text.WordWrap : Text.NoWrap
+        wrapMode: Text.WordWrap
+        maximumLineCount: 2
         // The control speaks it.
         Accessible.role: Accessible.StaticText
         Accessible.name: root.label

@@ -37,6 +37,8 @@ T.Popup {
     closePolicy: T.Popup.CloseOnEscape | T.Popup.CloseOnPressOutside
     onAboutToShow: {
         root.isUsed = true;
+        // The toolkit's own frame has no name.
+        root.contentItem.parent.Accessible.ignored = true;
         root.opener = root.parent.Window.activeFocusItem;
         root.closeReason = Qt.PopupFocusReason;
         root.typed = "";

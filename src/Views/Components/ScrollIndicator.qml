@@ -2,7 +2,8 @@ import QtQuick
 
 import Mintaro
 
-/// Shows how much of a list is in sight, and where. It can be dragged.
+/// Shows how much of a list is in sight, and where. It can be dragged. With it a mouse's wheel scrolls by steps: the toolkit's own
+/// goes on for a second, and who clicks meanwhile hits another row than the one aimed at.
 Item {
     id: root
 
@@ -13,6 +14,12 @@ Item {
     opacity: flickable.visibleArea.heightRatio < 1 ? 1 : 0
     Accessible.ignored: true
 
+    WheelHandler {
+        parent: root.flickable
+        target: null
+        enabled: root.opacity > 0
+        onWheel: event => root.scroll(-event.angleDelta.y / 120 * Theme.wheelStep)
+    }
     Rectangle {
         width: parent.width
         radius: width / 2
@@ -33,8 +40,16 @@ Item {
     }
 
     function scrollTo(from: real, translation: real) {
-        const reach = root.flickable.contentHeight - root.flickable.height;
-        const target = from + translation / root.height * root.flickable.contentHeight;
-        root.flickable.contentY = root.flickable.originY + Math.max(0, Math.min(reach, target - root.flickable.originY));
+        root.place(from + translation / root.height * root.flickable.contentHeight);
+    }
+
+    function scroll(by: real) {
+        root.place(root.flickable.contentY + by);
+    }
+
+    function place(y: real) {
+        const lowest = root.flickable.originY - root.flickable.topMargin;
+        const reach = root.flickable.originY + root.flickable.contentHeight + root.flickable.bottomMargin - root.flickable.height;
+        root.flickable.contentY = Math.max(lowest, Math.min(reach, y));
     }
 }

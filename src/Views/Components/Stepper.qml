@@ -12,6 +12,7 @@ FocusScope {
     required property int minimumValue
     required property int maximumValue
     readonly property int stepSize: 1
+    readonly property int pageSize: 10
 
     signal edited(int value)
 
@@ -27,6 +28,11 @@ FocusScope {
     Keys.onRightPressed: root.step(1)
     Keys.onDownPressed: root.step(-1)
     Keys.onLeftPressed: root.step(-1)
+    Keys.onPressed: event => {
+        event.accepted = event.key === Qt.Key_PageUp || event.key === Qt.Key_PageDown;
+        if (event.accepted)
+            root.step(event.key === Qt.Key_PageUp ? root.pageSize : -root.pageSize);
+    }
 
     Rectangle {
         anchors.fill: parent
@@ -80,8 +86,10 @@ FocusScope {
     }
 
     function step(by: int) {
+        const isAtEnd = by > 0 ? root.value >= root.maximumValue : root.value <= root.minimumValue;
+        if (isAtEnd)
+            return;
         const next = Math.max(root.minimumValue, Math.min(root.maximumValue, root.value + by));
-        if (next !== root.value)
-            root.edited(next);
+        root.edited(next);
     }
 }

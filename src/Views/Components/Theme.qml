@@ -58,6 +58,8 @@ QtObject {
     readonly property int notificationWidth: 320
     readonly property int settingsWidth: 450
     readonly property int settingsHeight: 350
+    /// For each notch of a mouse's wheel.
+    readonly property int wheelStep: 60
     readonly property int pickerWidth: 300
     readonly property int pickerHeight: 400
     readonly property int pickerRowHeight: 40

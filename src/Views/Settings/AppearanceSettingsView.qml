@@ -21,8 +21,16 @@ FormPage {
             visible: !root.controller.useSystemAccent
             label: qsTrId("Accent color (hex)")
 
+            Rectangle {
+                anchors.verticalCenter: parent.verticalCenter
+                width: 14
+                height: width
+                radius: width / 2
+                color: Theme.accentFill
+            }
             BoxedField {
                 id: hex
+                placeholder: "#RRGGBB"
                 accessibleName: accent.label
                 text: root.controller.accentColorHex
                 onEdited: root.controller.accentColorHex = hex.text
@@ -40,7 +48,8 @@ FormPage {
                 accessibleName: fontSize.label
                 from: 10
                 to: 18
-                value: root.controller.eventFontSize
+                // By whole steps, also from a number between two.
+                value: Math.trunc(root.controller.eventFontSize)
                 onMoved: root.controller.eventFontSize = value
             }
         }

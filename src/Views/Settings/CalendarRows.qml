@@ -13,6 +13,9 @@ Repeater {
     /// Of a calendar below its source.
     property real indent: 0
 
+    /// The user opened the source of that row: what is below it is to come in sight.
+    signal opened(Item row)
+
     model: root.checklist
     delegate: DelegateChooser {
         role: "isGroup"
@@ -21,8 +24,15 @@ Repeater {
             roleValue: true
 
             DisclosureRow {
+                id: source
                 required property int index
-                onClicked: root.checklist.setExpanded(index, !isExpanded)
+                onClicked: {
+                    // One of the rows that go may have the keyboard.
+                    source.forceActiveFocus(source.focusReason);
+                    if (!source.isExpanded)
+                        root.opened(source);
+                    root.checklist.setExpanded(source.index, !source.isExpanded);
+                }
             }
         }
         DelegateChoice {

@@ -44,6 +44,18 @@ FormPage {
             Accessible.role: Accessible.StaticText
             Accessible.name: text
         }
+        Text {
+            width: parent.width
+            visible: text !== ""
+            text: root.controller.accessFailure
+            font: Theme.caption
+            color: Theme.red
+            textFormat: Text.PlainText
+            wrapMode: Text.Wrap
+            horizontalAlignment: Text.AlignHCenter
+            Accessible.role: Accessible.StaticText
+            Accessible.name: text
+        }
         PushButton {
             anchors.horizontalCenter: parent.horizontalCenter
             text: qsTrId("Open Privacy Settings")
@@ -59,6 +71,7 @@ FormPage {
         }
         CalendarRows {
             checklist: root.controller.calendars
+            onOpened: row => root.revealWithNext(row)
             indent: 18
         }
     }

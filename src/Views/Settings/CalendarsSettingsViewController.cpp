@@ -11,7 +11,15 @@ CalendarsSettingsViewController::CalendarsSettingsViewController(AppState &appSt
 {
     connect(&appState, &AppState::hasCalendarAccessChanged, this,
         &CalendarsSettingsViewController::hasCalendarAccessChanged);
+    connect(&appState, &AppState::hasCalendarAccessChanged, this, &CalendarsSettingsViewController::loadCalendars);
     connect(&appState, &AppState::storeChanged, this, &CalendarsSettingsViewController::appear);
+}
+
+void CalendarsSettingsViewController::appear()
+{
+    if (!hasCalendarAccess())
+        m_appState.requestAccessAndLoad();
+    loadCalendars();
 }
 
 QCoro::Task<> CalendarsSettingsViewController::loadCalendars()

@@ -13,6 +13,8 @@ class CalendarsSettingsViewController : public QObject
     QML_ELEMENT
     QML_UNCREATABLE("The settings have one")
     Q_PROPERTY(bool hasCalendarAccess READ hasCalendarAccess NOTIFY hasCalendarAccessChanged)
+    /// Why not, in the store's words; empty where it says nothing.
+    Q_PROPERTY(QString accessFailure READ accessFailure NOTIFY hasCalendarAccessChanged)
     Q_PROPERTY(mintaro::CalendarChecklist *calendars READ calendars CONSTANT)
     Q_PROPERTY(mintaro::CalendarChecklist *reminderLists READ reminderLists CONSTANT)
 
@@ -21,12 +23,13 @@ public:
     explicit CalendarsSettingsViewController(AppState &appState);
 
     [[nodiscard]] bool hasCalendarAccess() const { return m_appState.hasCalendarAccess(); }
+    [[nodiscard]] QString accessFailure() const { return m_appState.accessFailure(); }
     /// Under their sources.
     [[nodiscard]] CalendarChecklist *calendars() { return &m_calendars; }
     [[nodiscard]] CalendarChecklist *reminderLists() { return &m_reminderLists; }
 
-    /// Asks the store anew; to be called each time the tab appears.
-    Q_INVOKABLE void appear() { loadCalendars(); }
+    /// Asks the store anew, for access too where there was none; to be called each time the tab appears.
+    Q_INVOKABLE void appear();
     QCoro::Task<> loadCalendars();
     Q_INVOKABLE void openPrivacySettings() { m_appState.openPrivacySettings(); }
 

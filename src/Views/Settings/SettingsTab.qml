@@ -1,9 +1,10 @@
 import QtQuick
+import QtQuick.Templates as T
 
 import Mintaro
 
 /// One of the tabs in the head of the settings.
-PlainButton {
+T.TabButton {
     id: root
 
     required property string title
@@ -12,13 +13,18 @@ PlainButton {
 
     readonly property color ink: root.isCurrent ? Theme.accentText : Theme.secondary
 
-    accessibleName: root.title
+    implicitWidth: implicitContentWidth
+    implicitHeight: implicitContentHeight + topPadding + bottomPadding
     topPadding: 6
     bottomPadding: 5
+    checkable: false
+    hoverEnabled: true
     focusPolicy: root.isCurrent ? Qt.StrongFocus : Qt.NoFocus
-    Accessible.role: Accessible.PageTab
+    Accessible.name: root.title
     Accessible.selectable: true
     Accessible.selected: root.isCurrent
+    Accessible.onPressAction: root.clicked()
+    Keys.onReturnPressed: root.clicked()
 
     contentItem: Column {
         spacing: 4

@@ -24,6 +24,10 @@ FocusScope {
         onActivated: root.controller.close()
     }
     Shortcut {
+        sequences: ["Ctrl+Q"]
+        onActivated: root.controller.quit()
+    }
+    Shortcut {
         sequences: ["Ctrl+Tab", "Ctrl+PgDown"]
         onActivated: root.turn(1)
     }
@@ -68,7 +72,7 @@ FocusScope {
     }
     Item {
         id: pages
-        anchors { left: parent.left; right: parent.right; top: divider.bottom; bottom: parent.bottom }
+        anchors { left: parent.left; right: parent.right; top: divider.bottom; bottom: unsaved.top }
 
         Page {
             index: 0
@@ -101,6 +105,22 @@ FocusScope {
         }
     }
 
+    Text {
+        id: unsaved
+        anchors { left: parent.left; right: parent.right; bottom: parent.bottom }
+        height: visible ? implicitHeight : 0
+        visible: root.controller.hasUnsavedChanges
+        padding: 6
+        text: qsTrId("settings.unsaved")
+        font: Theme.caption
+        color: Theme.red
+        textFormat: Text.PlainText
+        wrapMode: Text.WordWrap
+        horizontalAlignment: Text.AlignHCenter
+        Accessible.role: Accessible.AlertMessage
+        Accessible.name: text
+    }
+
     /// Made when it is first seen, and kept.
     component Page: Loader {
         id: page
@@ -124,6 +144,6 @@ FocusScope {
     /// To the tab so many places on, with the keyboard on it.
     function turn(by: int) {
         root.currentIndex = (root.currentIndex + by + root.titles.length) % root.titles.length;
-        (tabs.itemAt(root.currentIndex) as SettingsTab).takeFocus();
+        tabs.itemAt(root.currentIndex).forceActiveFocus(Qt.TabFocusReason);
     }
 }

@@ -31,6 +31,9 @@ class SettingsViewController : public QObject
     Q_PROPERTY(mintaro::WorldClockSettingsViewController *worldClock READ worldClock CONSTANT)
     Q_PROPERTY(mintaro::AboutSettingsViewController *about READ about CONSTANT)
 
+    /// What the user changes is forgotten when the program ends: the file cannot be written.
+    Q_PROPERTY(bool hasUnsavedChanges READ hasUnsavedChanges NOTIFY hasUnsavedChangesChanged)
+
 public:
     explicit SettingsViewController(const SettingsDependencies &dependencies);
 
@@ -40,12 +43,18 @@ public:
     [[nodiscard]] WorldClockSettingsViewController *worldClock() { return &m_worldClock; }
     [[nodiscard]] AboutSettingsViewController *about() { return &m_about; }
 
+    [[nodiscard]] bool hasUnsavedChanges() const { return m_defaults.hasUnsavedChanges(); }
+
     Q_INVOKABLE void close() { Q_EMIT closeRequested(); }
+    /// Ends the program at once.
+    Q_INVOKABLE void quit();
 
 Q_SIGNALS:
     void closeRequested();
+    void hasUnsavedChangesChanged();
 
 private:
+    const UserDefaults &m_defaults;
     GeneralSettingsViewController m_general;
     AppearanceSettingsViewController m_appearance;
     CalendarsSettingsViewController m_calendars;

@@ -1,6 +1,7 @@
 pragma ComponentBehavior: Bound
 
 import QtQuick
+import QtQuick.Templates as T
 
 import Mintaro
 
@@ -67,7 +68,10 @@ FocusScope {
         Accessible.role: Accessible.List
         Accessible.name: heading.text
 
-        delegate: PlainButton {
+        // Nothing is chosen until the user typed or moved.
+        currentIndex: -1
+
+        delegate: T.ItemDelegate {
             id: row
             required property int index
             required property string title
@@ -78,9 +82,12 @@ FocusScope {
             height: Theme.pickerRowHeight
             leftPadding: 8
             rightPadding: 8
-            accessibleName: row.title + ", " + row.abbreviation
+            hoverEnabled: true
             focusPolicy: Qt.NoFocus
-            Accessible.role: Accessible.ListItem
+            Accessible.name: row.title + ", " + row.abbreviation
+            Accessible.selectable: true
+            Accessible.selected: row.isCurrent
+            Accessible.onPressAction: row.clicked()
             onClicked: root.controller.select(row.index)
 
             contentItem: Item {
@@ -112,6 +119,15 @@ FocusScope {
     }
     ScrollIndicator {
         flickable: list
+    }
+    Text {
+        anchors.centerIn: list
+        visible: list.count === 0
+        text: qsTrId("No results")
+        font: Theme.caption
+        color: Theme.secondary
+        Accessible.role: Accessible.StaticText
+        Accessible.name: text
     }
 
     function search(text: string) {

@@ -1,6 +1,7 @@
 #include "Platform/Foundation/UserDefaults.h"
 
 #include "support/Printers.h"
+#include "support/WithoutPrivileges.h"
 
 #include <QDir>
 #include <QFile>
@@ -106,6 +107,28 @@ TEST_F(UserDefaultsTest, FollowsChangesFromOutside)
     EXPECT_EQ(defaults.boolForKey(QStringLiteral("ShowWeekNumbers")), true);
     defaults.setInteger(1, QStringLiteral("Mine"));
     EXPECT_THAT(content().toStdString(), testing::HasSubstr("ShowWeekNumbers=true"));
+}
+
+TEST_F(UserDefaultsTest, BringsChangesAlongWhenTheFolderCanBeWrittenAgain)
+{
+    ASSERT_TRUE(QDir().mkpath(folder.filePath(QStringLiteral("sub"))));
+    ASSERT_TRUE(QFile::setPermissions(folder.path(), QFile::Permissions(0x7755)));
+    write("A=1\n");
+    UserDefaults defaults(file, logger());
+    const QSignalSpy tellings(&defaults, &UserDefaults::hasUnsavedChangesChanged);
+    {
+        const WithoutPrivileges asNobody;
+        ASSERT_TRUE(asNobody.isActive());
+        defaults.setInteger(2, QStringLiteral("A"));
+        defaults.setInteger(3, QStringLiteral("B"));
+        EXPECT_EQ(content(), "A=1\n");
+        EXPECT_EQ(defaults.integerForKey(QStringLiteral("A")), 2);
+        EXPECT_TRUE(defaults.hasUnsavedChanges());
+    }
+    defaults.setInteger(4, QStringLiteral("C"));
+    EXPECT_EQ(content(), "A=2\nB=3\nC=4\n");
+    EXPECT_FALSE(defaults.hasUnsavedChanges());
+    EXPECT_EQ(tellings.size(), 2);
 }
 
 TEST_F(UserDefaultsTest, NeverWritesOverAFileItCannotRead)
