@@ -89,7 +89,7 @@
     </message>
     <message id="accessibility.notCompleted">
         <source>accessibility.notCompleted</source>
-        <translation>to do</translation>
+        <translation>incomplete</translation>
     </message>
     <message id="Title">
         <source>Title</source>
@@ -97,7 +97,7 @@
     </message>
     <message id="Event title or natural language...">
         <source>Event title or natural language...</source>
-        <translation>Event title or natural language...</translation>
+        <translation>Event title or natural language…</translation>
     </message>
     <message id="Repeat">
         <source>Repeat</source>
@@ -109,19 +109,19 @@
     </message>
     <message id="recurrence.daily">
         <source>recurrence.daily</source>
-        <translation>Every Day</translation>
+        <translation>Every day</translation>
     </message>
     <message id="recurrence.weekly">
         <source>recurrence.weekly</source>
-        <translation>Every Week</translation>
+        <translation>Every week</translation>
     </message>
     <message id="recurrence.monthly">
         <source>recurrence.monthly</source>
-        <translation>Every Month</translation>
+        <translation>Every month</translation>
     </message>
     <message id="recurrence.yearly">
         <source>recurrence.yearly</source>
-        <translation>Every Year</translation>
+        <translation>Every year</translation>
     </message>
     <message id="Alert">
         <source>Alert</source>
@@ -217,7 +217,7 @@
     </message>
     <message id="Search events...">
         <source>Search events...</source>
-        <translation>Search events...</translation>
+        <translation>Search events…</translation>
     </message>
     <message id="Search results">
         <source>Search results</source>
@@ -321,7 +321,7 @@
     </message>
     <message id="editor.restored">
         <source>editor.restored</source>
-        <translation>This is what could not be saved.</translation>
+        <translation>These changes could not be saved.</translation>
     </message>
     <message id="Discard">
         <source>Discard</source>
@@ -333,7 +333,7 @@
     </message>
     <message id="calendarApp.missing">
         <source>calendarApp.missing</source>
-        <translation>This desktop has no calendar program that could show the day.</translation>
+        <translation>No installed calendar app can show this day.</translation>
     </message>
     <message id="calendarApp.failed %@">
         <source>calendarApp.failed %@</source>
@@ -341,7 +341,7 @@
     </message>
     <message id="remindersApp.missing">
         <source>remindersApp.missing</source>
-        <translation>This desktop has no to-do program.</translation>
+        <translation>No app for reminders is installed.</translation>
     </message>
     <message id="notification.joinMeeting">
         <source>notification.joinMeeting</source>
@@ -479,7 +479,7 @@
     </message>
     <message id="language.system">
         <source>language.system</source>
-        <translation>Same as the desktop</translation>
+        <translation>Same as the system</translation>
     </message>
     <message id="English">
         <source>English</source>
@@ -507,7 +507,7 @@
     </message>
     <message id="updates.none">
         <source>updates.none</source>
-        <translation>Updates come from where Mintaro was installed.</translation>
+        <translation>Update it the way you installed it.</translation>
     </message>
     <message id="updates.upToDate">
         <source>updates.upToDate</source>
@@ -523,11 +523,11 @@
     </message>
     <message id="updates.malformed">
         <source>updates.malformed</source>
-        <translation>The update server gave an answer that makes no sense.</translation>
+        <translation>The update server’s answer is not valid.</translation>
     </message>
     <message id="updates.open">
         <source>updates.open</source>
-        <translation>Show…</translation>
+        <translation>Show</translation>
     </message>
     <message id="Colors">
         <source>Colors</source>
@@ -555,7 +555,7 @@
     </message>
     <message id="Mintaro needs permission to read your calendars. Grant access in System Settings.">
         <source>Mintaro needs permission to read your calendars. Grant access in System Settings.</source>
-        <translation>Mintaro cannot read your calendars. See to it that the folders in its configuration can be read.</translation>
+        <translation>Mintaro cannot read your calendars. Make sure that the folders named in its configuration are readable.</translation>
     </message>
     <message id="Reminder Lists">
         <source>Reminder Lists</source>
@@ -627,27 +627,27 @@
     </message>
     <message id="A lightweight macOS menu bar calendar">
         <source>A lightweight macOS menu bar calendar</source>
-        <translation>A lightweight calendar for the desktop’s panel</translation>
+        <translation>A lightweight desktop panel calendar</translation>
     </message>
     <message id="Timezones">
         <source>Timezones</source>
-        <translation>Time Zones</translation>
+        <translation>Timezones</translation>
     </message>
     <message id="No timezones added">
         <source>No timezones added</source>
-        <translation>No time zones added</translation>
+        <translation>No timezones added</translation>
     </message>
     <message id="Add Timezone...">
         <source>Add Timezone...</source>
-        <translation>Add Time Zone…</translation>
+        <translation>Add Timezone…</translation>
     </message>
     <message id="Add Timezone">
         <source>Add Timezone</source>
-        <translation>Add Time Zone</translation>
+        <translation>Add Timezone</translation>
     </message>
     <message id="Search timezones...">
         <source>Search timezones...</source>
-        <translation>Search time zones…</translation>
+        <translation>Search timezones…</translation>
     </message>
     <message id="accessibility.remove %@">
         <source>accessibility.remove %@</source>

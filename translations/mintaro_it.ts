@@ -41,7 +41,7 @@
     </message>
     <message id="No upcoming events">
         <source>No upcoming events</source>
-        <translation>Nessun evento in arrivo</translation>
+        <translation>Nessun evento in programma</translation>
     </message>
     <message id="Calendar access not granted">
         <source>Calendar access not granted</source>
@@ -89,7 +89,7 @@
     </message>
     <message id="accessibility.notCompleted">
         <source>accessibility.notCompleted</source>
-        <translation>da fare</translation>
+        <translation>da completare</translation>
     </message>
     <message id="Title">
         <source>Title</source>
@@ -169,7 +169,7 @@
     </message>
     <message id="Do you want to change only this event or all future events?">
         <source>Do you want to change only this event or all future events?</source>
-        <translation>Vuoi modificare solo questo evento o tutti gli eventi futuri?</translation>
+        <translation>Vuoi modificare solo questo evento o anche tutti i successivi?</translation>
     </message>
     <message id="Only This Event">
         <source>Only This Event</source>
@@ -217,7 +217,7 @@
     </message>
     <message id="Search events...">
         <source>Search events...</source>
-        <translation>Cerca eventi...</translation>
+        <translation>Cerca eventi…</translation>
     </message>
     <message id="Search results">
         <source>Search results</source>
@@ -237,7 +237,7 @@
     </message>
     <message id="Copy Event Details">
         <source>Copy Event Details</source>
-        <translation>Copia dettagli evento</translation>
+        <translation>Copia dettagli dell’evento</translation>
     </message>
     <message id="Open in Calendar">
         <source>Open in Calendar</source>
@@ -261,7 +261,7 @@
     </message>
     <message id="Copy Reminder Details">
         <source>Copy Reminder Details</source>
-        <translation>Copia dettagli promemoria</translation>
+        <translation>Copia dettagli del promemoria</translation>
     </message>
     <message id="Open in Reminders">
         <source>Open in Reminders</source>
@@ -321,7 +321,7 @@
     </message>
     <message id="editor.restored">
         <source>editor.restored</source>
-        <translation>Questi dati non sono stati salvati.</translation>
+        <translation>Queste modifiche non sono state salvate.</translation>
     </message>
     <message id="Discard">
         <source>Discard</source>
@@ -333,7 +333,7 @@
     </message>
     <message id="calendarApp.missing">
         <source>calendarApp.missing</source>
-        <translation>Su questo desktop non c’è un programma di calendario che possa mostrare il giorno.</translation>
+        <translation>Nessuna app di calendario installata può mostrare questo giorno.</translation>
     </message>
     <message id="calendarApp.failed %@">
         <source>calendarApp.failed %@</source>
@@ -341,7 +341,7 @@
     </message>
     <message id="remindersApp.missing">
         <source>remindersApp.missing</source>
-        <translation>Su questo desktop non c’è un programma per le attività.</translation>
+        <translation>Non è installata alcuna app per i promemoria.</translation>
     </message>
     <message id="notification.joinMeeting">
         <source>notification.joinMeeting</source>
@@ -427,7 +427,7 @@
     </message>
     <message id="Countdown format">
         <source>Countdown format</source>
-        <translation>Conto alla rovescia</translation>
+        <translation>Formato del conto alla rovescia</translation>
     </message>
     <message id="countdown.format.relative">
         <source>countdown.format.relative</source>
@@ -439,7 +439,7 @@
     </message>
     <message id="countdown.format.absolute">
         <source>countdown.format.absolute</source>
-        <translation>Orario (14:30)</translation>
+        <translation>Assoluto (14:30)</translation>
     </message>
     <message id="Max title length: %lld">
         <source>Max title length: %lld</source>
@@ -459,7 +459,7 @@
     </message>
     <message id="Meeting reminders">
         <source>Meeting reminders</source>
-        <translation>Promemoria delle riunioni</translation>
+        <translation>Notifiche delle riunioni</translation>
     </message>
     <message id="Show a notification before meetings with video links">
         <source>Show a notification before meetings with video links</source>
@@ -479,7 +479,7 @@
     </message>
     <message id="language.system">
         <source>language.system</source>
-        <translation>Come il desktop</translation>
+        <translation>Come il sistema</translation>
     </message>
     <message id="English">
         <source>English</source>
@@ -507,7 +507,7 @@
     </message>
     <message id="updates.none">
         <source>updates.none</source>
-        <translation>Gli aggiornamenti arrivano da dove Mintaro è stato installato.</translation>
+        <translation>Si aggiorna come l’hai installato.</translation>
     </message>
     <message id="updates.upToDate">
         <source>updates.upToDate</source>
@@ -515,19 +515,19 @@
     </message>
     <message id="updates.available %@">
         <source>updates.available %@</source>
-        <translation>È disponibile Mintaro %1.</translation>
+        <translation>Nuova versione: %1</translation>
     </message>
     <message id="updates.unreachable">
         <source>updates.unreachable</source>
-        <translation>Il server degli aggiornamenti non è raggiungibile.</translation>
+        <translation>Il server non è raggiungibile.</translation>
     </message>
     <message id="updates.malformed">
         <source>updates.malformed</source>
-        <translation>Il server degli aggiornamenti ha dato una risposta incomprensibile.</translation>
+        <translation>Risposta del server non valida.</translation>
     </message>
     <message id="updates.open">
         <source>updates.open</source>
-        <translation>Mostra…</translation>
+        <translation>Mostra</translation>
     </message>
     <message id="Colors">
         <source>Colors</source>
@@ -547,7 +547,7 @@
     </message>
     <message id="Event font size: %lldpt">
         <source>Event font size: %lldpt</source>
-        <translation>Dimensione del testo degli eventi: %1pt</translation>
+        <translation>Carattere degli eventi: %1&#xa0;pt</translation>
     </message>
     <message id="Calendar Access Required">
         <source>Calendar Access Required</source>
@@ -555,7 +555,7 @@
     </message>
     <message id="Mintaro needs permission to read your calendars. Grant access in System Settings.">
         <source>Mintaro needs permission to read your calendars. Grant access in System Settings.</source>
-        <translation>Mintaro non può leggere i tuoi calendari. Fai in modo che le cartelle della sua configurazione siano leggibili.</translation>
+        <translation>Mintaro non può leggere i tuoi calendari. Controlla che le cartelle indicate nella sua configurazione siano leggibili.</translation>
     </message>
     <message id="Reminder Lists">
         <source>Reminder Lists</source>

@@ -269,7 +269,7 @@ TEST_F(PopoverContentTest, SearchesInASheetThatKeepsWhatItFound)
 {
     open();
     QTest::keyClick(&window, Qt::Key_F, Qt::ControlModifier);
-    EXPECT_EQ(focused(), u"Search events..."_qs);
+    EXPECT_EQ(focused(), u"Search events…"_qs);
     for (const char letter : { 't', 'Z', 'o', 'o', 'm', '.' })
         QTest::keyClick(&window, letter);
     QTest::keyClick(&window, Qt::Key_Home, Qt::ShiftModifier);

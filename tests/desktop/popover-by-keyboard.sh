@@ -55,7 +55,7 @@ await 3 "the press takes it back" is STATUS:COMPLETED "$before"
 # One of a series is found and deleted.
 excluded=$(count EXDATE)
 key ctrl+f
-await 3 "Ctrl+F opens the search" at focused "Search events..."
+await 3 "Ctrl+F opens the search" at focused "Search events…"
 xdotool type "STAND-UP"
 key Return
 await 3 "Return searches" at sees "Stand-up, 09:15..."
