@@ -133,7 +133,7 @@ QString CalendarDatabase::saveNew(const EKEvent &event)
 {
     const EventChanges &changes = *event.changes();
     if (!changes.start || !changes.end)
-        throw EKError("The event has no start or no end.");
+        throw EKError("The event has no start or end.");
     StoredCollection &target = writable(changes.calendar);
     StoreEditor editor(*m_backend, m_journal.get(), m_logger);
     StoreEdit edit;
@@ -157,7 +157,7 @@ QString CalendarDatabase::saveChanged(const EKEvent &event, EKSpan span)
                 StoreEdit result = editor.change(referenceTo(event), changes, span, &source != &target);
                 const bool isMoved = &source != &target && result.uid == name.uid;
                 if (isMoved && !target.contents().objectsOfEvent({ name.uid, {} }).isEmpty())
-                    throw EKError(QStringLiteral("The calendar \"%1\" has this event already.")
+                    throw EKError(QStringLiteral("The calendar \"%1\" already has this event.")
                                       .arg(target.info().title)
                                       .toStdString());
                 return result;
@@ -265,7 +265,7 @@ bool CalendarDatabase::putBack(const ChangeJournal::Place &place, const std::opt
 {
     StoredCollection *collection = find(place.collection);
     if (!collection)
-        throw EKError(QStringLiteral("There is no calendar %1 here.").arg(place.collection).toStdString());
+        throw EKError(QStringLiteral("There is no calendar \"%1\" here.").arg(place.collection).toStdString());
     StoredCollection &target = writable(collection->calendar());
     StoreEditor editor(*m_backend, m_journal.get(), m_logger);
     for (int attempt = 0; attempt < kAttempts; ++attempt) {

@@ -383,7 +383,7 @@ TEST_F(StoreWritingTest, MovesNothingOverTheSameEvent)
     backend->put(QStringLiteral("home"), QStringLiteral("x.ics"), calendarOf(kEvent));
     EKEvent event = events().at(0);
     event.setCalendar(calendar("home"));
-    EXPECT_THAT(problemOfSaving(event), HasSubstr("\"home\" has this event already"));
+    EXPECT_THAT(problemOfSaving(event), HasSubstr("\"home\" already has this event"));
     EXPECT_EQ(text(), calendarOf(kEvent).toStdString());
 }
 

@@ -42,7 +42,7 @@ EventChanges followedChanges(const EventChanges &changes, const EventItem &maste
 void requireWhole(const EventEntry &entry)
 {
     if (entry.read.item->isDamaged)
-        throw EKError("A part of this event cannot be read, so it is not changed: something could be lost.");
+        throw EKError("Part of this event cannot be read, so it was left unchanged to avoid losing anything.");
 }
 
 } // namespace
@@ -81,7 +81,7 @@ void EventEditor::refuseRanges(const EventEntry &master)
     for (const EventEntry *each : m_finder.exceptions(&master)) {
         if (each->read.exception->thisAndFuture)
             throw EKError(
-                "Another program divided this series in its own way, so only single events of it can be changed.");
+                "Another program split this series in its own way, so its events can only be changed one by one.");
     }
 }
 
@@ -123,7 +123,7 @@ StoreEdit EventEditor::change(const EventReference &reference, const EventChange
         { target.start, target.length, style }, m_context.viewer, !isFuture);
     requireWhole(*target.source);
     if (isMoving && m_finder.hasTwins())
-        throw EKError("Several events of this calendar file share one identity, so none of them can be moved.");
+        throw EKError("Several events in this calendar file share one identifier, so none of them can be moved.");
     if (isFuture) {
         changeFuture(target, times, changes, isMoving);
     } else if (isSeries || !target.master) {

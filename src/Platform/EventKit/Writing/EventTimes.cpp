@@ -14,7 +14,7 @@ void requireYears(const ShownTimes &shown)
     constexpr sys_days first { year { 1 } / 1 / 3 };
     constexpr sys_days last { year { 9999 } / 12 / 29 };
     if (shown.start < first || shown.end > last)
-        throw EKError("The event lies too far from the present.");
+        throw EKError("The event is too far in the past or the future.");
 }
 
 bool canSay(const TimeStyle &style, Date moment, const TimeZone &viewer)

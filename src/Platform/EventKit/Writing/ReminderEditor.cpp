@@ -130,7 +130,7 @@ StoreEdit completeReminder(std::vector<ObjectText> objects, const QString &uid, 
     TaskObject &object = read.front();
     const TaskObject::Task &task = masterOf(object);
     if (task.node->isDamaged() || task.calendar->isDamaged())
-        throw EKError("A part of this reminder cannot be read, so it is not changed: something could be lost.");
+        throw EKError("Part of this reminder cannot be read, so it was left unchanged to avoid losing anything.");
     StoreEdit edit;
     edit.uid = uid;
     const ICalComponent zones = object.root.asComponent();

@@ -24,7 +24,7 @@ constexpr days kFar { 100 * 366 };
 
 [[noreturn]] void failTooMuch()
 {
-    throw EKError("The rule of this event is too complicated to be changed here.");
+    throw EKError("The repetition rule of this event is too complicated to change here.");
 }
 
 /// Calls `visit` with each property of the name, which may change it or clear it.
@@ -245,7 +245,7 @@ ICalNode continuedSeries(const ICalNode &master, const EventComponent &read, Loc
         return keys;
     };
     if (keysFrom(read) != keysFrom(readAgain(continued, zones)))
-        throw EKError("The rules of this event do not allow to change only a part of the series.");
+        throw EKError("The rules of this event do not allow changing only part of the series.");
     return continued;
 }
 
@@ -298,7 +298,7 @@ void writeRules(
         const auto isControl = [](char byte) { return static_cast<unsigned char>(byte) < ' '; };
         // A line break in it would begin another property.
         if (!rule || std::any_of(text.begin(), text.end(), isControl))
-            throw EKError("The rule for the repetition makes no sense.");
+            throw EKError("The repetition rule makes no sense.");
         if (rule->until) {
             const TimeZone &zone = start.isZoned() ? start.zone : viewer;
             const LocalTime given = rule->until->reading;
