@@ -6,13 +6,13 @@ set(CPACK_PACKAGE_CONTACT "${MINTARO_PACKAGER}")
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "calendar that lives in the desktop's panel")
 set(CPACK_PACKAGE_DESCRIPTION
 "Mintaro shows today's date and the next event in the panel. One click away are
-the month, with a dot for each calendar that has something on a day, and an
-agenda of the coming fortnight.
+the month, with a dot for each calendar that has something on that day, and
+an agenda of the next two weeks.
 
-It shows the calendars that are there already, in folders of .ics files as
-khal, todoman and vdirsyncer use them, reminds of meetings, joins them, and
-takes new events as a sentence in English or Italian. The program mintaroctl
-answers the same questions for scripts and bars.")
+It shows the calendars that you already have, in folders of .ics files as
+used by khal, todoman and vdirsyncer, reminds you of meetings and joins them
+with one click, and takes new events as a sentence in English or Italian.
+The command mintaroctl gives scripts and status bars the same answers.")
 set(CPACK_PACKAGING_INSTALL_PREFIX "${CMAKE_INSTALL_PREFIX}")
 set(CPACK_STRIP_FILES ON)
 set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
