@@ -185,14 +185,13 @@ QString AddCommand::summary() const
 QString AddCommand::details() const
 {
     return QStringLiteral("Adds an event and prints it. A sentence says what, when and where (see parse);\n"
-                          "options overrule it.\n\n"
+                          "options override it.\n\n"
                           "  mintaroctl add \"Lunch with Anna tomorrow at noon at Roma\"\n"
                           "  mintaroctl add \"Cena venerdi alle 20\" --calendar Casa --alert 30\n\n"
-                          "A moment is ISO 8601: 2026-11-24T15:00 or\n"
-                          "\"2026-11-24 15:00\" on the clocks of the time zone, or with an offset or Z.\n"
-                          "A day alone, as in 2026-11-24, makes an event of whole days, of which --end\n"
-                          "is the last one. Without --end and --duration an event lasts an hour, or that\n"
-                          "day.\n\n"
+                          "Moments are written in ISO 8601, as 2026-11-24T15:00 or \"2026-11-24 15:00\",\n"
+                          "in the local time of the time zone, or with an offset or Z. A day without a\n"
+                          "time, as in 2026-11-24, makes an all-day event, whose --end is its last day.\n"
+                          "Without --end and --duration an event lasts an hour, or that whole day.\n\n"
                           "  mintaroctl add --title Lunch --start \"2026-11-24 12:30\" --duration 45\n"
                           "  mintaroctl add --title Holiday --start 2026-12-24 --end 2026-12-27 \\\n"
                           "      --calendar Home\n"
@@ -207,15 +206,16 @@ void AddCommand::addOptions(QCommandLineParser &parser) const
     const auto add = [&parser](const char *name, const char *text, const char *value) {
         parser.addOption({ QLatin1String(name), QLatin1String(text), QLatin1String(value) });
     };
-    add("title", "What it is called.", "text");
+    add("title", "Its title.", "text");
     add("start", "When it begins: a moment or a day.", "moment");
-    add("end", "When it ends; of whole days the last one.", "moment");
+    add("end", "When it ends; of an all-day event, its last day.", "moment");
     add("duration", "How long it lasts: minutes, or as in 1h30m, 2d, PT90M.", "length");
-    parser.addOption({ QStringLiteral("all-day"), QStringLiteral("The whole days of start and end.") });
-    add("location", "Where it is.", "text");
-    add("notes", "What else there is to say.", "text");
-    add("calendar", "The calendar's name or identifier; without it the default one.", "name");
-    add("alert", "An alert so many minutes before the start; may be repeated.", "minutes");
+    parser.addOption({ QStringLiteral("all-day"),
+        QStringLiteral("Make it an all-day event, from the day of the start to that of the end.") });
+    add("location", "Its location.", "text");
+    add("notes", "Its notes.", "text");
+    add("calendar", "The calendar's name or identifier; if absent, the default calendar.", "name");
+    add("alert", "An alert this many minutes before the start; may be repeated.", "minutes");
     add("repeat", "How it repeats: an RRULE of RFC 5545, as in FREQ=WEEKLY;COUNT=10.", "rule");
     parser.addOption({ QStringLiteral("json"), QStringLiteral("The event as a JSON object.") });
 }

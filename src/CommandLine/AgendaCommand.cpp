@@ -30,14 +30,14 @@ QString isoDay(std::chrono::year_month_day day)
 
 QString AgendaCommand::summary() const
 {
-    return QStringLiteral("the coming 14 days");
+    return QStringLiteral("the next 14 days");
 }
 
 void AgendaCommand::addOptions(QCommandLineParser &parser) const
 {
     parser.addOption(
         { QStringLiteral("from"), QStringLiteral("Begin at this day (ISO 8601)."), QStringLiteral("day") });
-    parser.addOption({ QStringLiteral("json"), QStringLiteral("One JSON object a line for each day.") });
+    parser.addOption({ QStringLiteral("json"), QStringLiteral("One JSON object per line for each day.") });
 }
 
 int AgendaCommand::run(const QCommandLineParser &arguments)

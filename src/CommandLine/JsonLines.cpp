@@ -9,8 +9,9 @@ namespace mintaro {
 
 void JsonLines::addOptions(QCommandLineParser &parser)
 {
-    parser.addOption({ QStringLiteral("json-lines"), QStringLiteral("Read and write one JSON object a line.") });
-    parser.addOption({ QStringLiteral("timing"), QStringLiteral("Median microseconds for a line on standard error.") });
+    parser.addOption({ QStringLiteral("json-lines"), QStringLiteral("Read and write one JSON object per line.") });
+    parser.addOption(
+        { QStringLiteral("timing"), QStringLiteral("The median microseconds per line, on standard error.") });
 }
 
 JsonLines::JsonLines()

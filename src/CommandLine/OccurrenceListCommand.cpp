@@ -76,9 +76,10 @@ void OccurrenceListCommand::addOptions(QCommandLineParser &parser) const
         { QStringLiteral("from"), QStringLiteral("Begin (ISO 8601 or basic UTC)."), QStringLiteral("moment") },
         { QStringLiteral("to"), QStringLiteral("End, exclusive."), QStringLiteral("moment") },
         { QStringLiteral("tsv"), QStringLiteral("UID, start, end and summary with tabs between.") },
-        { QStringLiteral("json"), QStringLiteral("One JSON object a line.") },
-        { QStringLiteral("count"), QStringLiteral("Their number alone.") },
-        { QStringLiteral("timing"), QStringLiteral("Microseconds for load and query on standard error.") },
+        { QStringLiteral("json"), QStringLiteral("One JSON object per line.") },
+        { QStringLiteral("count"), QStringLiteral("Only their number.") },
+        { QStringLiteral("timing"),
+            QStringLiteral("The microseconds for loading and for the query, on standard error.") },
     });
 }
 

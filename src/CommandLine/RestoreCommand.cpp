@@ -120,16 +120,16 @@ bool printText(const QByteArray &text)
 
 QString RestoreCommand::summary() const
 {
-    return QStringLiteral("brings back what was changed or deleted");
+    return QStringLiteral("restores what was changed or deleted");
 }
 
 QString RestoreCommand::details() const
 {
     return QStringLiteral("Mintaro keeps what its own changes overwrite and delete for 30 days, as .ics\n"
-                          "files in ~/.local/state/mintaro/journal. Without an id this lists it, the\n"
-                          "latest first. With one, or as much of its beginning as no other has, it brings\n"
-                          "that back as it was. What stands in its place by now is kept in turn, so that\n"
-                          "bringing back can be undone.\n\n"
+                          "files in ~/.local/state/mintaro/journal. Without an id this lists them,\n"
+                          "the latest first. With an id, or as much of it as is unambiguous, it restores\n"
+                          "that entry as it was. Whatever is in its place by now is kept in turn, so that\n"
+                          "restoring can be undone.\n\n"
                           "  mintaroctl restore\n"
                           "  mintaroctl restore --show 20261124T150000.123Z-0000\n"
                           "  mintaroctl restore 20261124T150000");
@@ -137,9 +137,9 @@ QString RestoreCommand::details() const
 
 void RestoreCommand::addOptions(QCommandLineParser &parser) const
 {
-    parser.addPositionalArgument(QStringLiteral("id"), QStringLiteral("What to bring back."), QStringLiteral("[id]"));
-    parser.addOption({ QStringLiteral("show"), QStringLiteral("Print the object that is kept, and change nothing.") });
-    parser.addOption({ QStringLiteral("json"), QStringLiteral("One JSON object a line for each that is listed.") });
+    parser.addPositionalArgument(QStringLiteral("id"), QStringLiteral("What to restore."), QStringLiteral("[id]"));
+    parser.addOption({ QStringLiteral("show"), QStringLiteral("Print what was kept, and change nothing.") });
+    parser.addOption({ QStringLiteral("json"), QStringLiteral("List as one JSON object per line.") });
 }
 
 int RestoreCommand::run(const QCommandLineParser &arguments)
@@ -161,8 +161,8 @@ int RestoreCommand::run(const QCommandLineParser &arguments)
         throw CommandError(QStringLiteral("%1 cannot be read").arg(entry.id));
     if (isShowing)
         return printText(*text) ? 0 : 1;
-    const QString outcome = database.restore(entry.id) ? QStringLiteral("Brought back: %1  (%2)")
-                                                       : QStringLiteral("Already there: %1  (%2)");
+    const QString outcome
+        = database.restore(entry.id) ? QStringLiteral("Restored: %1  (%2)") : QStringLiteral("Already there: %1  (%2)");
     printLine(outcome.arg(itemText(readItem(*text), context.environment()), calendarTitle(entry, database)));
     return 0;
 }

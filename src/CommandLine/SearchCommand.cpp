@@ -10,7 +10,7 @@ QString SearchCommand::summary() const
 void SearchCommand::addOptions(QCommandLineParser &parser) const
 {
     parser.addPositionalArgument(QStringLiteral("text"),
-        QStringLiteral("What title, location or notes contain, in upper or lower case."), QStringLiteral("text"));
+        QStringLiteral("What title, location or notes contain, ignoring case."), QStringLiteral("text"));
     OccurrenceListCommand::addOptions(parser);
 }
 

@@ -44,7 +44,8 @@ QString StatusCommand::summary() const
 
 void StatusCommand::addOptions(QCommandLineParser &parser) const
 {
-    parser.addOption({ QStringLiteral("follow"), QStringLiteral("A line at each change, until the reader goes.") });
+    parser.addOption(
+        { QStringLiteral("follow"), QStringLiteral("A line at each change, for as long as somebody reads them.") });
     parser.addOption({ QStringLiteral("format"), QStringLiteral("plain (as it is) or waybar (JSON)."),
         QStringLiteral("format"), QStringLiteral("plain") });
 }

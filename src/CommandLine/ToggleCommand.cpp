@@ -8,7 +8,7 @@ namespace mintaro {
 
 QString ToggleCommand::summary() const
 {
-    return QStringLiteral("open or close the popover");
+    return QStringLiteral("opens or closes the popover");
 }
 
 int ToggleCommand::run(const QCommandLineParser & /*arguments*/)

@@ -355,7 +355,7 @@ TEST_F(AddTest, RestoreListsWhatIsKeptAndBringsItBack)
     EXPECT_EQ(in({ u"restore"_qs, u"--json"_qs }).object().value(u"id"_qs).toString(), id);
     EXPECT_EQ(in({ u"restore"_qs, u"--show"_qs, id }).output.toUtf8(), text);
     EXPECT_EQ(listed(), QString());
-    EXPECT_THAT(in({ u"restore"_qs, id.left(12) }).output.toStdString(), testing::HasSubstr("Brought back: Dentist"));
+    EXPECT_THAT(in({ u"restore"_qs, id.left(12) }).output.toStdString(), testing::HasSubstr("Restored: Dentist"));
     EXPECT_EQ(listed(), u"20261126T090000Z\t20261126T090000Z\tDentist\n"_qs);
     EXPECT_THAT(in({ u"restore"_qs, id }).output.toStdString(), testing::HasSubstr("Already there"));
     EXPECT_EQ(in({ u"restore"_qs, u"1999"_qs }).status, 2);
