@@ -557,6 +557,10 @@
         <source>Mintaro needs permission to read your calendars. Grant access in System Settings.</source>
         <translation>Mintaro cannot read your calendars. Make sure that the folders named in its configuration are readable.</translation>
     </message>
+    <message id="Reminders">
+        <source>Reminders</source>
+        <translation>Reminders</translation>
+    </message>
     <message id="Reminder Lists">
         <source>Reminder Lists</source>
         <translation>Reminder Lists</translation>

@@ -557,6 +557,10 @@
         <source>Mintaro needs permission to read your calendars. Grant access in System Settings.</source>
         <translation>Mintaro non può leggere i tuoi calendari. Controlla che le cartelle indicate nella sua configurazione siano leggibili.</translation>
     </message>
+    <message id="Reminders">
+        <source>Reminders</source>
+        <translation>Promemoria</translation>
+    </message>
     <message id="Reminder Lists">
         <source>Reminder Lists</source>
         <translation>Elenchi di promemoria</translation>

@@ -1,4 +1,5 @@
 #include "Platform/EventKit/Folders/FoldersBackend.h"
+#include "Platform/Foundation/Translations.h"
 
 #include "StoreFixture.h"
 
@@ -201,6 +202,14 @@ TEST_F(FoldersBackendTest, MakesItsOwnRootWhereNothingIsConfigured)
     EXPECT_TRUE(made[1].isReminderList);
     EXPECT_THAT(QDir(path(u"data/mintaro"_qs)).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot),
         ElementsAre(u"calendars"_qs));
+}
+
+TEST_F(FoldersBackendTest, NamesWhatItMakesInTheLanguageOfTheTexts)
+{
+    const auto texts = installTranslations(Locale::fromIdentifier(u"it_IT"_qs));
+    FoldersBackend backend(baseFolders(), std::nullopt, logger());
+    ASSERT_TRUE(backend.requestAccess());
+    EXPECT_THAT(titles(backend.collections()), ElementsAre("Calendario", "Promemoria"));
 }
 
 TEST_F(FoldersBackendTest, LeavesAnExistingRootOfItsOwnAlone)

@@ -5,6 +5,7 @@
 #include "Platform/EventKit/Folders/ItemWriter.h"
 #include "Platform/EventKit/Folders/NewFolder.h"
 
+#include <QCoreApplication>
 #include <QFileInfo>
 #include <QRegularExpression>
 #include <QUuid>
@@ -52,16 +53,17 @@ QByteArray nameIn(const QByteArray &path)
     return path.mid(path.lastIndexOf('/') + 1);
 }
 
-/// Makes our own root with a calendar and a reminder list in it. An existing one, whatever it holds, is left alone.
+/// Makes our own root with a calendar and a reminder list in it, named in the language of the texts. An existing one,
+/// whatever it holds, is left alone.
 void makeOwnRoot(const QString &path, const Logger &logger)
 {
     if (QFileInfo::exists(path))
         return;
     try {
         NewFolder root(path);
-        root.write(QStringLiteral("calendar/displayname"), "Calendar\n");
+        root.write(QStringLiteral("calendar/displayname"), qtTrId("Calendar").toUtf8() + '\n');
         root.write(QStringLiteral("calendar/color"), "#0b68ff\n");
-        root.write(QStringLiteral("reminders/displayname"), "Reminders\n");
+        root.write(QStringLiteral("reminders/displayname"), qtTrId("Reminders").toUtf8() + '\n');
         root.write(QStringLiteral("reminders/color"), "#f76b15\n");
         root.finish();
     } catch (const EKError &error) {
