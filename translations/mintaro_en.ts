@@ -507,7 +507,7 @@
     </message>
     <message id="updates.none">
         <source>updates.none</source>
-        <translation>Update it the way you installed it.</translation>
+        <translation>Update Mintaro the way you installed it.</translation>
     </message>
     <message id="updates.upToDate">
         <source>updates.upToDate</source>

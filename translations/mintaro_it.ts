@@ -507,7 +507,7 @@
     </message>
     <message id="updates.none">
         <source>updates.none</source>
-        <translation>Si aggiorna come l’hai installato.</translation>
+        <translation>Aggiorna Mintaro nel modo in cui l’hai installato.</translation>
     </message>
     <message id="updates.upToDate">
         <source>updates.upToDate</source>

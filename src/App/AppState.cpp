@@ -104,10 +104,9 @@ QCoro::Task<> AppState::loadEventsOnceGranted()
         failure = QString::fromUtf8(error.what());
         m_logger.error(QStringLiteral("Failed to request calendar access: %1").arg(failure));
     }
-    const bool isOther = granted != m_hasCalendarAccess || failure != m_accessFailure;
-    m_hasCalendarAccess = granted;
-    m_accessFailure = failure;
-    if (isOther)
+    if (std::exchange(m_accessFailure, failure) != failure)
+        Q_EMIT accessFailureChanged();
+    if (std::exchange(m_hasCalendarAccess, granted) != granted)
         Q_EMIT hasCalendarAccessChanged();
     if (!m_hasCalendarAccess)
         co_return;

@@ -209,6 +209,7 @@ Q_SIGNALS:
     void nextEventChanged();
     void countdownTextChanged();
     void hasCalendarAccessChanged();
+    void accessFailureChanged();
     void pendingDeleteEventChanged();
     void isShowingSearchChanged();
     void isShowingDeleteConfirmationChanged();

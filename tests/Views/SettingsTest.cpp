@@ -334,6 +334,19 @@ TEST_F(SettingsTest, CalendarsFollowTheStoreUnderTheirSources)
     EXPECT_THAT(rows(), IsEmpty());
 }
 
+TEST_F(SettingsTest, CalendarsComeWithAccess)
+{
+    world.backend->onRequestAccess = [] { throw EKError("line 1 makes no sense"); };
+    QCoro::waitFor(world.state().requestAccessAndLoad());
+    CalendarsSettingsViewController controller(world.state());
+    EXPECT_EQ(controller.accessFailure(), u"line 1 makes no sense"_qs);
+    world.backend->onRequestAccess = [] {};
+    const QSignalSpy failures(&controller, &CalendarsSettingsViewController::accessFailureChanged);
+    controller.appear();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !controller.calendars()->isEmpty() && !failures.isEmpty(); }));
+    EXPECT_EQ(controller.accessFailure(), u""_qs);
+}
+
 TEST_F(SettingsTest, AccentAndFontSize)
 {
     open("Appearance");
@@ -353,7 +366,7 @@ TEST_F(SettingsTest, ZonesAreAddedFromThePickerAndRemoved)
 {
     open("World Clock");
     const auto pick = [this](const char *text, Qt::Key end) {
-        press("Add Time Zone…");
+        press("Add Timezone…");
         ASSERT_TRUE(QTest::qWaitForWindowActive(scene.picker()));
         EXPECT_EQ(scene.picker()->transientParent(), scene.window());
         for (; *text; ++text)
@@ -373,7 +386,7 @@ TEST_F(SettingsTest, ZonesAreAddedFromThePickerAndRemoved)
     EXPECT_THAT(
         zones(), ElementsAre(u"America/Argentina/Buenos_Aires=Buenos Aires"_qs, u"America/New_York=New York"_qs));
 
-    press("Add Time Zone…");
+    press("Add Timezone…");
     ASSERT_TRUE(scene.picker());
     for (const char c : "new y")
         QTest::keyClick(scene.picker(), c ? c : ' ');
@@ -381,7 +394,7 @@ TEST_F(SettingsTest, ZonesAreAddedFromThePickerAndRemoved)
     EXPECT_TRUE(scene.picker()) << "there is nothing to take";
     EXPECT_TRUE(click(*scene.picker(), u"Cancel"_qs));
     EXPECT_FALSE(scene.picker());
-    press("Add Time Zone…");
+    press("Add Timezone…");
     scene.window()->close();
     EXPECT_FALSE(scene.picker()) << "it goes with its window";
 }
@@ -416,7 +429,7 @@ TEST_F(SettingsTest, UpdatesAreLookedForInAFeed)
 {
     GeneralSettingsViewController without(world.state(), loginItem, *m_updater);
     EXPECT_FALSE(without.canCheckForUpdates());
-    EXPECT_EQ(without.updateStatus(), u"Updates come from where Mintaro was installed."_qs);
+    EXPECT_EQ(without.updateStatus(), u"Update Mintaro the way you installed it."_qs);
 
     HttpServer server;
     GeneralSettingsViewController general(world.state(), loginItem, updater(server.base() + u"/feed"_qs));
@@ -437,7 +450,7 @@ TEST_F(SettingsTest, UpdatesAreLookedForInAFeed)
     EXPECT_EQ(check(head + "1.10" + tail), u"Mintaro 1.10 is available."_qs);
     general.openUpdate();
     EXPECT_THAT(world.workspace.opened, ElementsAre(u"https://mintaro.example/get"_qs));
-    EXPECT_EQ(check("<html></html>"), u"The update server gave an answer that makes no sense."_qs);
+    EXPECT_EQ(check("<html></html>"), u"The update server’s answer is not valid."_qs);
 }
 
 TEST_F(SettingsTest, AboutShowsADashForWhatTheBuildDoesNotKnow)

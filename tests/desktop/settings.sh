@@ -77,8 +77,8 @@ await 3 "the lists are written down" stored SelectedReminderLists
 
 # World clocks.
 press "World Clock"
-press "Add Time Zone…"
-await 3 "the picker opens" at focused "Search time zones…"
+press "Add Timezone…"
+await 3 "the picker opens" at focused "Search timezones…"
 xdotool type tokyo
 await 3 "it finds the zone" at sees "Asia/Tokyo, JST"
 picture settings-timezones

@@ -12,12 +12,13 @@ CalendarsSettingsViewController::CalendarsSettingsViewController(AppState &appSt
     connect(&appState, &AppState::hasCalendarAccessChanged, this,
         &CalendarsSettingsViewController::hasCalendarAccessChanged);
     connect(&appState, &AppState::hasCalendarAccessChanged, this, &CalendarsSettingsViewController::loadCalendars);
+    connect(&appState, &AppState::accessFailureChanged, this, &CalendarsSettingsViewController::accessFailureChanged);
     connect(&appState, &AppState::storeChanged, this, &CalendarsSettingsViewController::appear);
 }
 
 void CalendarsSettingsViewController::appear()
 {
-    if (!hasCalendarAccess())
+    if (!hasCalendarAccess() || !accessFailure().isEmpty())
         m_appState.requestAccessAndLoad();
     loadCalendars();
 }

@@ -14,7 +14,7 @@ class CalendarsSettingsViewController : public QObject
     QML_UNCREATABLE("The settings have one")
     Q_PROPERTY(bool hasCalendarAccess READ hasCalendarAccess NOTIFY hasCalendarAccessChanged)
     /// Why not, in the store's words; empty where it says nothing.
-    Q_PROPERTY(QString accessFailure READ accessFailure NOTIFY hasCalendarAccessChanged)
+    Q_PROPERTY(QString accessFailure READ accessFailure NOTIFY accessFailureChanged)
     Q_PROPERTY(mintaro::CalendarChecklist *calendars READ calendars CONSTANT)
     Q_PROPERTY(mintaro::CalendarChecklist *reminderLists READ reminderLists CONSTANT)
 
@@ -35,6 +35,7 @@ public:
 
 Q_SIGNALS:
     void hasCalendarAccessChanged();
+    void accessFailureChanged();
 
 private:
     AppState &m_appState;
