@@ -25,7 +25,7 @@ set(CPACK_DEBIAN_PACKAGE_HOMEPAGE "${MINTARO_HOMEPAGE}")
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 # The libraries are found by the linker's records; these are loaded or started by name.
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-set(CPACK_DEBIAN_PACKAGE_DEPENDS "default-dbus-session-bus | dbus-session-bus, qml6-module-qt-labs-qmlmodels,\
+set(CPACK_DEBIAN_PACKAGE_DEPENDS "default-dbus-session-bus | dbus-session-bus, hicolor-icon-theme, qml6-module-qt-labs-qmlmodels,\
  qml6-module-qtqml-workerscript, qml6-module-qtquick, qml6-module-qtquick-templates, qml6-module-qtquick-window,\
  tzdata, xdg-utils")
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS

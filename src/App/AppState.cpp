@@ -92,12 +92,13 @@ QCoro::Task<> AppState::requestAccessAndLoad()
 QCoro::Task<> AppState::loadEventsOnceGranted()
 {
     const QPointer<AppState> self(this);
-    bool granted = m_hasCalendarAccess;
     QString failure;
     try {
-        granted = co_await m_eventStore.requestAccess();
+        const bool granted = co_await m_eventStore.requestAccess();
         if (!self)
             co_return;
+        if (std::exchange(m_hasCalendarAccess, granted) != granted)
+            Q_EMIT hasCalendarAccessChanged();
     } catch (const EKError &error) {
         if (!self)
             co_return;
@@ -106,8 +107,6 @@ QCoro::Task<> AppState::loadEventsOnceGranted()
     }
     if (std::exchange(m_accessFailure, failure) != failure)
         Q_EMIT accessFailureChanged();
-    if (std::exchange(m_hasCalendarAccess, granted) != granted)
-        Q_EMIT hasCalendarAccessChanged();
     if (!m_hasCalendarAccess)
         co_return;
     if (m_notificationService) {

@@ -103,8 +103,9 @@ void MintaroApp::openSettings()
 
 void MintaroApp::onUpdateCheckFinished(const SPUUpdateCheck &check)
 {
-    // Who asked reads the answer in the settings.
-    if (!check.isByUser && check.item)
+    // Who asked reads the answer in the settings, if they are still open.
+    const bool isRead = check.isByUser && m_settings && m_settings->window();
+    if (check.item && !isRead)
         m_userNotifications.add(
             updateNotification(*check.item, Bundle::mainBundle().version(), m_context.environment()));
 }

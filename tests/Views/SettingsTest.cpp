@@ -315,8 +315,17 @@ TEST_F(SettingsTest, CalendarsFollowTheStoreUnderTheirSources)
             titles.append(list.index(row).data(CalendarChecklist::TitleRole).toString());
         return titles;
     };
-    QCoro::waitFor(controller.loadCalendars());
+    controller.appear();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !list.isEmpty(); }));
     ASSERT_THAT(rows(), ElementsAre(u"Home"_qs, u"Office"_qs));
+    list.setExpanded(1, true);
+    const QSignalSpy changes(&list, &QAbstractItemModel::dataChanged);
+    defaults.setStringArray({ u"work"_qs }, u"SelectedCalendars"_qs);
+    EXPECT_EQ(changes.size(), 1);
+    list.setOn(2, false);
+    EXPECT_TRUE(defaults.hasObjectForKey(u"SelectedCalendars"_qs));
+    EXPECT_TRUE(list.index(2).data(CalendarChecklist::IsOnRole).toBool()) << "the last one off means all";
+    list.setExpanded(1, false);
     list.setExpanded(0, true);
     EXPECT_THAT(rows(), ElementsAre(u"Home"_qs, u"Zoo"_qs, u"attic"_qs, u"Office"_qs)) << "capitals first";
     list.setExpanded(3, true);
@@ -334,8 +343,10 @@ TEST_F(SettingsTest, CalendarsFollowTheStoreUnderTheirSources)
     EXPECT_THAT(rows(), IsEmpty());
 }
 
-TEST_F(SettingsTest, CalendarsComeWithAccess)
+TEST(CalendarsSettingsTest, CalendarsComeWithAccess)
 {
+    World world("2026-03-07 12:00");
+    world.addCalendar("work");
     world.backend->onRequestAccess = [] { throw EKError("line 1 makes no sense"); };
     QCoro::waitFor(world.state().requestAccessAndLoad());
     CalendarsSettingsViewController controller(world.state());
@@ -397,6 +408,8 @@ TEST_F(SettingsTest, ZonesAreAddedFromThePickerAndRemoved)
     press("Add Timezone…");
     scene.window()->close();
     EXPECT_FALSE(scene.picker()) << "it goes with its window";
+    QCoreApplication::processEvents(); // in which both end
+    open("World Clock");
 }
 
 TEST(WorldClockTest, KeepsNamesAndFollowsTheSeason)

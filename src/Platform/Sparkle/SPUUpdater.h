@@ -42,6 +42,7 @@ public:
 
     /// False without a usable feed, and while a check is under way.
     [[nodiscard]] bool canCheckForUpdates() const;
+    [[nodiscard]] bool isChecking() const { return m_isChecking; }
     /// By the user's wish. Does nothing where it cannot check.
     void checkForUpdates();
 

@@ -16,6 +16,7 @@ QtObject {
     }
 
     function giveBack(reason: int) {
-        (root.owner ?? root.scope)?.forceActiveFocus(reason);
+        // A row that is about to end is out of its list already.
+        (root.owner?.parent && root.owner.visible ? root.owner : root.scope)?.forceActiveFocus(reason);
     }
 }

@@ -18,6 +18,8 @@ T.Slider {
     opacity: root.enabled ? 1 : Theme.disabledOpacity
     Accessible.role: Accessible.Slider
     Accessible.name: root.accessibleName
+    Accessible.onIncreaseAction: root.step(1)
+    Accessible.onDecreaseAction: root.step(-1)
 
     background: Rectangle {
         y: (root.height - height) / 2
@@ -52,5 +54,13 @@ T.Slider {
             shown: root.visualFocus
             radius: height / 2
         }
+    }
+
+    function step(by: int) {
+        if (by > 0)
+            root.increase();
+        else
+            root.decrease();
+        root.moved();
     }
 }

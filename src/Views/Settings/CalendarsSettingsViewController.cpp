@@ -13,11 +13,15 @@ CalendarsSettingsViewController::CalendarsSettingsViewController(AppState &appSt
         &CalendarsSettingsViewController::hasCalendarAccessChanged);
     connect(&appState, &AppState::hasCalendarAccessChanged, this, &CalendarsSettingsViewController::loadCalendars);
     connect(&appState, &AppState::accessFailureChanged, this, &CalendarsSettingsViewController::accessFailureChanged);
-    connect(&appState, &AppState::storeChanged, this, &CalendarsSettingsViewController::appear);
+    connect(&appState, &AppState::storeChanged, this, [this] {
+        if (m_hasAppeared)
+            appear();
+    });
 }
 
 void CalendarsSettingsViewController::appear()
 {
+    m_hasAppeared = true;
     if (!hasCalendarAccess() || !accessFailure().isEmpty())
         m_appState.requestAccessAndLoad();
     loadCalendars();

@@ -41,6 +41,8 @@ private:
     AppState &m_appState;
     CalendarChecklist m_calendars;
     CalendarChecklist m_reminderLists;
+    /// Nobody else needs to know what the store has.
+    bool m_hasAppeared = false;
 };
 
 } // namespace mintaro

@@ -26,7 +26,6 @@ GeneralSettingsViewController::GeneralSettingsViewController(
         &GeneralSettingsViewController::updatesChanged);
     connect(&sparkleUpdater.updaterController()->updater(), &SPUUpdater::finished, this,
         [this](const SPUUpdateCheck &check) {
-            m_isChecking = false;
             m_lastCheck = check;
             Q_EMIT updatesChanged();
         });
@@ -71,6 +70,11 @@ void GeneralSettingsViewController::setCountdownFormat(int index)
     m_appState.setCountdownFormat(kAllCountdownFormats.at(static_cast<std::size_t>(index)));
 }
 
+QString GeneralSettingsViewController::dateFormat() const
+{
+    return m_appState.defaults().stringForKey(kDateFormat).value_or(m_appState.menuBarDateFormat());
+}
+
 void GeneralSettingsViewController::setDateFormat(const QString &pattern)
 {
     m_appState.defaults().setString(pattern, kDateFormat);
@@ -109,7 +113,7 @@ void GeneralSettingsViewController::setLanguage(int index)
 
 QString GeneralSettingsViewController::updateStatus() const
 {
-    if (m_isChecking)
+    if (m_sparkleUpdater.updaterController()->updater().isChecking())
         return qtTrId("updates.checking");
     if (!m_lastCheck)
         return canCheckForUpdates() ? QString() : qtTrId("updates.none");
@@ -133,9 +137,7 @@ bool GeneralSettingsViewController::hasUpdate() const
 
 void GeneralSettingsViewController::checkForUpdates()
 {
-    m_isChecking = canCheckForUpdates();
     m_sparkleUpdater.updaterController()->checkForUpdates();
-    Q_EMIT updatesChanged();
 }
 
 void GeneralSettingsViewController::openUpdate()

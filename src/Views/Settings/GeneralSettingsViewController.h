@@ -55,7 +55,8 @@ public:
     void setCountdownFormat(int index);
     [[nodiscard]] int maxTitleLength() const { return m_appState.menuBarMaxTitleLength(); }
     void setMaxTitleLength(int length) { m_appState.setMenuBarMaxTitleLength(length); }
-    [[nodiscard]] QString dateFormat() const { return m_appState.menuBarDateFormat(); }
+    /// As it is stored; the label shows a line of bounded length.
+    [[nodiscard]] QString dateFormat() const;
     void setDateFormat(const QString &pattern);
     [[nodiscard]] bool meetingReminders() const { return m_appState.meetingNotificationsEnabled(); }
     void setMeetingReminders(bool isEnabled) { m_appState.setMeetingNotificationsEnabled(isEnabled); }
@@ -88,8 +89,6 @@ private:
     SparkleUpdater &m_sparkleUpdater;
     bool m_launchAtLogin;
     bool m_showLanguageRestart = false;
-    /// By the user, from here.
-    bool m_isChecking = false;
     std::optional<SPUUpdateCheck> m_lastCheck;
 };
 

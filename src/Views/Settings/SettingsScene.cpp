@@ -65,8 +65,8 @@ void SettingsScene::close()
 {
     if (!m_settings)
         return;
-    m_settings->controller.worldClock()->setShowingPicker(false);
     m_settings->window.hide();
+    m_settings->controller.worldClock()->setShowingPicker(false);
     releaseLater(*this, std::move(m_settings));
 }
 
@@ -94,7 +94,8 @@ void SettingsScene::closePicker()
 {
     m_picker->panel.hide();
     releaseLater(*this, std::move(m_picker));
-    m_settings->window.requestActivate();
+    if (m_settings->window.isVisible())
+        m_settings->window.requestActivate();
 }
 
 } // namespace mintaro

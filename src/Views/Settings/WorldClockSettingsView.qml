@@ -38,6 +38,7 @@ FormPage {
                     Accessible.name: row.label + ", " + text
                 }
                 PlainButton {
+                    id: removal
                     accessibleName: qsTrId("accessibility.remove %@").arg(row.label)
                     padding: 4
                     contentItem: Symbol {
@@ -47,7 +48,8 @@ FormPage {
                     }
                     onClicked: {
                         // The row goes, and the keyboard is not to go with it.
-                        addButton.forceActiveFocus(Qt.OtherFocusReason);
+                        if (removal.activeFocus)
+                            addButton.forceActiveFocus(Qt.TabFocusReason);
                         root.controller.remove(row.modelData.timezoneID);
                     }
                 }
